@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+#include "model/language.h"
+
+namespace brivane {
+
+/// Why a file could not be read or written. The kinds up to NotARegularFile are the "path or file
+/// access" family (error 75), for which every writer shows one fixed text.
+enum class FileErrorKind {
+  NoSuchFolder,
+  IsAFolder,
+  ReadOnly,
+  NoPermission,
+  NotARegularFile,
+  Other
+};
+
+/// At which step of writing a file the failure came.
+enum class FileStep { Opening, Reading, Writing, Closing };
+
+/// A file could not be read or written. what() is the system's own words.
+class FileError : public std::runtime_error {
+ public:
+  FileError(FileErrorKind kind, FileStep step, const std::string& words,
+            std::size_t bytesWritten = 0)
+      : std::runtime_error(words), Kind(kind), Step(step), BytesWritten(bytesWritten) {}
+
+  /// True for the path and file access family (error 75).
+  bool IsPathAccess() const { return Kind != FileErrorKind::Other; }
+
+  FileErrorKind Kind;
+  FileStep Step;
+  std::size_t BytesWritten;  ///< how much of the text had reached the file
+};
+
+/// The text that every writer shows for the path and file access family.
+inline constexpr std::string_view kPathAccessText =
+    "Trying to write over a Read Only File or an invalid Path";
+
+/// A sail data file holds something that no field can take. what() names the line and the field.
+class ReadError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// A computation on the sail cannot go on: a floating-point fault or a shape that cannot be laid
+/// out. The words tell the user what to change.
+class GeometryFault : public std::runtime_error {
+ public:
+  explicit GeometryFault(BilingualText words)
+      : std::runtime_error(std::string(words.English)), Words(words) {}
+
+  BilingualText Words;
+};
+
+}  // namespace brivane

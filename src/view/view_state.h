@@ -1,0 +1,26 @@
+#pragma once
+
+namespace brivane {
+
+/// What "Redraw" shows.
+enum class RedrawMode { FitOutline = 0, Surface = 1 };
+
+/// Where the sail sits on the picture. Lengths in surface units (1/20 point, 15 to a pixel at 96
+/// dpi), vertical axis up.
+struct ViewState {
+  double ViewOffsetX = 0;  ///< where the tack lands
+  double ViewOffsetY = 0;
+  double ViewScale = 0;       ///< surface units for one mm
+  double DevelopOriginX = 0;  ///< origin of the developed panels beside the sail, mm
+  double DevelopOriginY = 0;
+  bool DevelopShown = false;
+  RedrawMode Mode = RedrawMode::FitOutline;
+};
+
+/// Size of the picture in surface units. Its user scale leaves a margin of 5 % all round.
+struct PictureSize {
+  double Width = 0;
+  double Height = 0;
+};
+
+}  // namespace brivane
