@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace brivane {
+
+// The only disk access of the core. Inside the program text is UTF-8; a file holds one byte to a
+// character, in code page 1252. Paths are UTF-8. Every failure is a FileError that tells its cause
+// and the step; an interrupted call is taken up again.
+
+/// No file larger than this (bytes) is read.
+inline constexpr std::size_t kLargestFile = std::size_t{1} << 20;
+
+/// Text of a file as UTF-8. Refuses what is not a regular file, without waiting for a pipe's other
+/// end, and what is larger than kLargestFile. A file that begins with the UTF-8 byte order mark
+/// and is sound UTF-8 is taken as such, without the mark.
+std::string ReadWholeFile(const std::string& path);
+
+/// Creates or truncates the file and writes the text. After a failure the file holds what had been
+/// written, and the error tells how many bytes that is. Refuses folders, pipes, sockets, disks and
+/// files without any write permission; a device that takes characters is written to.
+void WritePlainFile(const std::string& path, std::string_view text);
+
+/// Writes the text to a temporary file in the same folder, flushes it to the disk and puts it in
+/// the place of the old file. After a failure the old file is whole and the temporary gone (where
+/// only flushing the folder fails, the new file is in place). Links are followed, the mode and,
+/// where the system allows it, the owner of the old file are kept. Refuses what is not a regular
+/// file and files without any write permission. Other hard links keep the old text.
+void WriteFileSafely(const std::string& path, std::string_view text);
+
+/// UTF-8 to code page 1252; "?" stands for a character that it lacks and for a broken sequence.
+std::string ToCodePage1252(std::string_view utf8);
+
+/// Code page 1252 to UTF-8. The five bytes without a character become the control characters of
+/// the same code, so that every byte returns unchanged from ToCodePage1252.
+std::string FromCodePage1252(std::string_view bytes);
+
+}  // namespace brivane
