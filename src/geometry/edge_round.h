@@ -1,5 +1,7 @@
 #pragma once
 
+#include "geometry/plane.h"
+
 namespace brivane {
 
 /// The one shape of every edge round: the cubic 1 + b(t − p)² + c(t − p)³ which is 0 at both ends
@@ -14,9 +16,45 @@ struct EdgeRoundCurve {
     const double u = t - p;
     return 1 + (b + c * u) * u * u;
   }
+
+  /// Change of the offset along the edge, per fraction of the edge.
+  double SlopeAt(double t) const {
+    const double u = t - p;
+    return (2 * b + 3 * c * u) * u;
+  }
 };
 
 /// The curve whose greatest round lies at the fraction position, held within [0.3, 0.7].
 EdgeRoundCurve MakeEdgeRoundCurve(double position);
+
+/// An edge of the sail with its round. The ring foot, luff, gaff, leech runs clockwise (clew, tack,
+/// throat, peak, clew), so that outward is to the left of every edge.
+struct RoundedEdge {
+  PlanePoint Start;
+  PlanePoint End;
+  PlanePoint Outward;  ///< unit vector square to the straight edge
+  double Round = 0;    ///< mm, positive = outward
+  EdgeRoundCurve Curve;
+  double SteepestSlope = 0;  ///< greatest |SlopeAt| along the edge
+
+  /// The point at the fraction t of the edge, on the round; the corners exactly at and beyond 0
+  /// and 1.
+  PlanePoint At(double t) const;
+};
+
+/// The edge from start to end with a round in mm and its position as a fraction from start.
+/// An edge without length has no outward side; it stays a point.
+RoundedEdge MakeRoundedEdge(PlanePoint start, PlanePoint end, double round, double position);
+
+/// A straight line of the plane. The direction need not have unit length.
+struct PlaneLine {
+  PlanePoint Through;
+  PlanePoint Direction;
+};
+
+/// Fraction of the edge, 0 to 1, at which the line crosses its round, exact to 1e-9 mm. Where a
+/// steep round is met more than once it is the crossing nearest to the straight edge's; where the
+/// line passes the edge by, the corner on that side.
+double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line);
 
 }  // namespace brivane

@@ -19,7 +19,18 @@ double LeechShapeAt(const SailDefinition& sail, double& h);
 double SectionProfile(double A, double B, double S, double X);
 
 /// 1 / the greatest sample of SectionProfile(A, B, 1, X) between 0.21 and 0.59, found by walking
-/// from 0.21 in steps of 0.01 until a sample falls.
+/// from 0.21 in steps of 0.01 until a sample falls; 10000 where the first sample is below 0.0001.
 double ProfileNormaliser(double A, double B);
+
+/// ProfileNormaliser for one section after another of the same sail: starts its walk where the
+/// section before had its maximum. The profile is concave for A, B ≥ 0, so that the first falling
+/// sample is the same, bit for bit.
+class NormaliserWalk {
+ public:
+  double operator()(double A, double B);
+
+ private:
+  int fall_ = 1;  ///< first falling sample of the section before
+};
 
 }  // namespace brivane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace brivane {
 
 /// A point or a vector of a plane, mm or surface units.
@@ -8,6 +10,19 @@ struct PlanePoint {
   double y = 0;
   bool operator==(const PlanePoint&) const = default;
 };
+
+constexpr PlanePoint operator+(PlanePoint a, PlanePoint b) { return {a.x + b.x, a.y + b.y}; }
+constexpr PlanePoint operator-(PlanePoint a, PlanePoint b) { return {a.x - b.x, a.y - b.y}; }
+constexpr PlanePoint operator*(double k, PlanePoint a) { return {k * a.x, k * a.y}; }
+constexpr double Dot(PlanePoint a, PlanePoint b) { return a.x * b.x + a.y * b.y; }
+
+/// Twice the signed area of the triangle (0, a, b): positive when b lies to the left of a.
+constexpr double Cross(PlanePoint a, PlanePoint b) { return a.x * b.y - a.y * b.x; }
+
+inline double Length(PlanePoint a) { return std::sqrt(Dot(a, a)); }
+
+/// The point at the fraction t of the way from a to b.
+constexpr PlanePoint Between(PlanePoint a, PlanePoint b, double t) { return a + t * (b - a); }
 
 inline constexpr double kPi = 3.14159265358979;
 inline constexpr double kDegreesPerRadian = 57.2957795130823;

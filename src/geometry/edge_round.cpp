@@ -1,0 +1,120 @@
+#include "geometry/edge_round.h"
+
+#include <algorithm>
+#include <array>
+
+namespace brivane {
+namespace {
+
+/// Signed distance from the line (scaled by its direction's length) as a function of the fraction
+/// t of an edge: constant + along·t + across·f(t).
+struct LineDistance {
+  double constant = 0;
+  double along = 0;
+  double across = 0;
+  const EdgeRoundCurve& curve;
+
+  double At(double t) const { return constant + along * t + across * curve.At(t); }
+  double SlopeAt(double t) const { return along + across * curve.SlopeAt(t); }
+};
+
+/// The zero between low and high, where the distance has different signs: Newton's steps, held
+/// within the shrinking bracket by halving.
+double ZeroBetween(const LineDistance& distance, double low, double high, double start) {
+  constexpr int kMostSteps = 100;
+  constexpr double kFractionTolerance = 1e-16;
+  const bool rising = distance.At(low) < distance.At(high);
+  double t = std::clamp(start, low, high);
+  for (int step = 0; step < kMostSteps; ++step) {
+    const double value = distance.At(t);
+    if (value == 0) return t;
+    ((value < 0) == rising ? low : high) = t;
+    const double slope = distance.SlopeAt(t);
+    double next = slope != 0 ? t - value / slope : low;
+    if (!(next > low && next < high)) next = low + (high - low) / 2;
+    if (std::abs(next - t) <= kFractionTolerance || high - low <= kFractionTolerance) return next;
+    t = next;
+  }
+  return t;
+}
+
+/// Where the distance turns, in order, within (0, 1): its stretches between are monotone.
+int TurningPoints(const LineDistance& distance, std::array<double, 2>& turns) {
+  const EdgeRoundCurve& curve = distance.curve;
+  const double square = 3 * curve.c * distance.across;
+  const double linear = 2 * curve.b * distance.across;
+  int count = 0;
+  const auto keep = [&](double u) {
+    const double t = u + curve.p;
+    if (t > 0 && t < 1) turns[static_cast<std::size_t>(count++)] = t;
+  };
+  const double discriminant = linear * linear - 4 * square * distance.along;
+  if (discriminant < 0) return 0;
+  // The root without cancellation first, the other from the product of both.
+  const double q = -(linear + std::copysign(std::sqrt(discriminant), linear)) / 2;
+  if (square != 0) keep(q / square);
+  if (q != 0) keep(distance.along / q);
+  if (count == 2 && turns[0] > turns[1]) std::swap(turns[0], turns[1]);
+  return count;
+}
+
+/// The crossing nearest to the straight edge's among all stretches; below 0 where there is none.
+double NearestCrossing(const LineDistance& distance, double straight) {
+  std::array<double, 2> turns{};
+  const int count = TurningPoints(distance, turns);
+  double best = -1;
+  double low = 0;
+  for (int stretch = 0; stretch <= count; ++stretch) {
+    const double high = stretch < count ? turns[static_cast<std::size_t>(stretch)] : 1;
+    if ((distance.At(low) <= 0) != (distance.At(high) <= 0)) {
+      const double t = ZeroBetween(distance, low, high, straight);
+      if (best < 0 || std::abs(t - straight) < std::abs(best - straight)) best = t;
+    }
+    low = high;
+  }
+  return best;
+}
+
+}  // namespace
+
+EdgeRoundCurve MakeEdgeRoundCurve(double position) {
+  const double p = std::clamp(position, 0.3, 0.7);
+  const double b = (3 * p - 1 - 3 * p * p) / (p * p * (1 - p) * (1 - p));
+  return {p, b, (1 + b * p * p) / (p * p * p)};
+}
+
+PlanePoint RoundedEdge::At(double t) const {
+  if (t <= 0) return Start;
+  if (t >= 1) return End;
+  return Between(Start, End, t) + Round * Curve.At(t) * Outward;
+}
+
+RoundedEdge MakeRoundedEdge(PlanePoint start, PlanePoint end, double round, double position) {
+  RoundedEdge edge{start, end, {}, round, MakeEdgeRoundCurve(position), 0};
+  const PlanePoint along = end - start;
+  const double length = Length(along);
+  if (length > 0) edge.Outward = (1 / length) * PlanePoint{-along.y, along.x};
+  const EdgeRoundCurve& curve = edge.Curve;
+  edge.SteepestSlope = std::max(std::abs(curve.SlopeAt(0)), std::abs(curve.SlopeAt(1)));
+  if (curve.c != 0) {  // the slope is greatest at an end or where the cubic bends over
+    const double bend = std::clamp(curve.p - curve.b / (3 * curve.c), 0.0, 1.0);
+    edge.SteepestSlope = std::max(edge.SteepestSlope, std::abs(curve.SlopeAt(bend)));
+  }
+  return edge;
+}
+
+double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line) {
+  const PlanePoint& direction = line.Direction;
+  const LineDistance distance{Cross(direction, edge.Start - line.Through),
+                              Cross(direction, edge.End - edge.Start),
+                              Cross(direction, edge.Outward) * edge.Round, edge.Curve};
+  const double straight = distance.along != 0 ? -distance.constant / distance.along : 0;
+  const bool monotone = std::abs(distance.across) * edge.SteepestSlope < std::abs(distance.along);
+  // The round vanishes at both corners, so that the distances there are the straight edge's.
+  if (monotone && straight > 0 && straight < 1) return ZeroBetween(distance, 0, 1, straight);
+  const double crossing = monotone ? -1 : NearestCrossing(distance, straight);
+  if (crossing >= 0) return crossing;
+  return straight < 0.5 ? 0 : 1;
+}
+
+}  // namespace brivane
