@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 
 namespace brivane {
@@ -22,104 +21,22 @@ const std::set<std::string> kPosixHeaders = {
     "dirent.h", "errno.h",  "fcntl.h",    "langinfo.h",  "limits.h",    "locale.h",
     "signal.h", "stdlib.h", "sys/stat.h", "sys/types.h", "sys/xattr.h", "unistd.h"};
 
-const std::set<std::string> kStandardHeaders = {"algorithm",
-                                                "any",
-                                                "array",
-                                                "atomic",
-                                                "barrier",
-                                                "bit",
-                                                "bitset",
-                                                "cassert",
-                                                "cctype",
-                                                "cerrno",
-                                                "cfenv",
-                                                "cfloat",
-                                                "charconv",
-                                                "chrono",
-                                                "cinttypes",
-                                                "climits",
-                                                "clocale",
-                                                "cmath",
-                                                "codecvt",
-                                                "compare",
-                                                "complex",
-                                                "concepts",
-                                                "condition_variable",
-                                                "coroutine",
-                                                "csetjmp",
-                                                "csignal",
-                                                "cstdarg",
-                                                "cstddef",
-                                                "cstdint",
-                                                "cstdio",
-                                                "cstdlib",
-                                                "cstring",
-                                                "ctime",
-                                                "cuchar",
-                                                "cwchar",
-                                                "cwctype",
-                                                "deque",
-                                                "exception",
-                                                "execution",
-                                                "filesystem",
-                                                "format",
-                                                "forward_list",
-                                                "fstream",
-                                                "functional",
-                                                "future",
-                                                "initializer_list",
-                                                "iomanip",
-                                                "ios",
-                                                "iosfwd",
-                                                "iostream",
-                                                "istream",
-                                                "iterator",
-                                                "latch",
-                                                "limits",
-                                                "list",
-                                                "locale",
-                                                "map",
-                                                "memory",
-                                                "memory_resource",
-                                                "mutex",
-                                                "new",
-                                                "numbers",
-                                                "numeric",
-                                                "optional",
-                                                "ostream",
-                                                "queue",
-                                                "random",
-                                                "ranges",
-                                                "ratio",
-                                                "regex",
-                                                "scoped_allocator",
-                                                "semaphore",
-                                                "set",
-                                                "shared_mutex",
-                                                "source_location",
-                                                "span",
-                                                "sstream",
-                                                "stack",
-                                                "stdexcept",
-                                                "stop_token",
-                                                "streambuf",
-                                                "string",
-                                                "string_view",
-                                                "strstream",
-                                                "syncstream",
-                                                "system_error",
-                                                "thread",
-                                                "tuple",
-                                                "type_traits",
-                                                "typeindex",
-                                                "typeinfo",
-                                                "unordered_map",
-                                                "unordered_set",
-                                                "utility",
-                                                "valarray",
-                                                "variant",
-                                                "vector",
-                                                "version"};
+// clang-format off
+const std::set<std::string> kStandardHeaders = {
+    "algorithm", "any", "array", "atomic", "barrier", "bit", "bitset", "cassert", "cctype",
+    "cerrno", "cfenv", "cfloat", "charconv", "chrono", "cinttypes", "climits", "clocale",
+    "cmath", "codecvt", "compare", "complex", "concepts", "condition_variable", "coroutine",
+    "csetjmp", "csignal", "cstdarg", "cstddef", "cstdint", "cstdio", "cstdlib", "cstring",
+    "ctime", "cuchar", "cwchar", "cwctype", "deque", "exception", "execution", "filesystem",
+    "format", "forward_list", "fstream", "functional", "future", "initializer_list", "iomanip",
+    "ios", "iosfwd", "iostream", "istream", "iterator", "latch", "limits", "list", "locale",
+    "map", "memory", "memory_resource", "mutex", "new", "numbers", "numeric", "optional",
+    "ostream", "queue", "random", "ranges", "ratio", "regex", "scoped_allocator", "semaphore",
+    "set", "shared_mutex", "source_location", "span", "sstream", "stack", "stdexcept",
+    "stop_token", "streambuf", "string", "string_view", "strstream", "syncstream",
+    "system_error", "thread", "tuple", "type_traits", "typeindex", "typeinfo", "unordered_map",
+    "unordered_set", "utility", "valarray", "variant", "vector", "version"};
+// clang-format on
 
 /// What is wrong with the include of a system header by a file of the core, empty where nothing is.
 std::string SystemHeaderFault(const std::string& file, const std::string& header) {
@@ -140,6 +57,30 @@ std::string OwnHeaderFault(const fs::path& sourceFolder, const std::string& fold
   return "\"" + header + "\" does not lie below " + folder;
 }
 
+/// One line of a source taken apart, where it includes something.
+struct Include {
+  bool Found = false;
+  bool Own = false;    ///< "..." rather than <...>
+  std::string Header;  ///< empty where it cannot be read
+};
+
+Include ReadInclude(const std::string& line) {
+  const auto skipBlanks = [&line](std::size_t at) {
+    return std::min(line.find_first_not_of(" \t", at), line.size());
+  };
+  std::size_t at = skipBlanks(0);
+  if (line.compare(at, 1, "#") != 0) return {line.compare(at, 7, "import ") == 0, false, ""};
+  at = skipBlanks(at + 1);
+  const bool import = line.compare(at, 6, "import") == 0;
+  if (!import && line.compare(at, 7, "include") != 0) return {};
+  at = skipBlanks(at + 7);
+  const char opening = import || at == line.size() ? ' ' : line[at];
+  if (opening != '"' && opening != '<') return {true, false, ""};
+  const std::size_t end = line.find(opening == '<' ? '>' : '"', at + 1);
+  if (end == std::string::npos) return {true, false, ""};
+  return {true, opening == '"', line.substr(at + 1, end - at - 1)};
+}
+
 void CheckFile(const fs::path& sourceFolder, const fs::path& path,
                std::vector<FloorFault>& faults) {
   const std::string file = fs::relative(path, sourceFolder).generic_string();
@@ -148,23 +89,17 @@ void CheckFile(const fs::path& sourceFolder, const fs::path& path,
     faults.push_back({file, 0, file + ": stands on no floor"});
     return;
   }
-  static const std::regex kInclude(R"re(^\s*#\s*include\s*(["<])([^">]+)[">].*)re");
-  static const std::regex kOtherInclude(R"re(^\s*(#\s*include|#\s*import|import\s).*)re");
   std::ifstream stream(path, std::ios::binary);
   std::string text;
   for (int line = 1; std::getline(stream, text); ++line) {
-    if (!text.empty() && text.back() == '\r') text.pop_back();
-    std::smatch match;
+    const Include include = ReadInclude(text);
     std::string fault;
-    if (std::regex_match(text, match, kInclude)) {
-      const std::string header = match[2];
-      if (match[1] == "\"")
-        fault = OwnHeaderFault(sourceFolder, folder, header);
-      else if (kFloors.at(folder) < kTopFloor)
-        fault = SystemHeaderFault(file, header);
-    } else if (std::regex_match(text, kOtherInclude)) {
+    if (include.Found && include.Header.empty())
       fault = "an include that cannot be read";
-    }
+    else if (include.Own)
+      fault = OwnHeaderFault(sourceFolder, folder, include.Header);
+    else if (include.Found && kFloors.at(folder) < kTopFloor)
+      fault = SystemHeaderFault(file, include.Header);
     if (!fault.empty())
       faults.push_back({file, line, file + ":" + std::to_string(line) + ": " + fault});
   }

@@ -86,6 +86,16 @@ TEST_F(MadeUpTree, ClimbsOutOfTheHouse) {
             "model/odd.cpp:1: \"model/../geometry/plane.h\" is no header below the source folder");
 }
 
+TEST_F(MadeUpTree, ImportsAModule) {
+  Write("model/odd.cpp", "import std;\n");
+  EXPECT_EQ(OnlyFault(), "model/odd.cpp:1: an include that cannot be read");
+}
+
+TEST_F(MadeUpTree, OnlySpeaksOfIncludes) {
+  Write("model/odd.cpp", "// #include <QWidget>\n#define INCLUDE\nint important = 0;\n#\n\n");
+  EXPECT_EQ(OnlyFault(), "none");
+}
+
 TEST_F(MadeUpTree, IncludesByAName) {
   Write("model/odd.cpp", "#include HEADER\n");
   EXPECT_EQ(OnlyFault(), "model/odd.cpp:1: an include that cannot be read");
