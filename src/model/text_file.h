@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/code_page.h"  // the code page that the files hold
+
 namespace brivane {
 
 // The only disk access of the core. Inside the program text is UTF-8; a file holds one byte to a
@@ -29,12 +31,5 @@ void WritePlainFile(const std::string& path, std::string_view text);
 /// where the system allows it, the owner of the old file are kept. Refuses what is not a regular
 /// file and files without any write permission. Other hard links keep the old text.
 void WriteFileSafely(const std::string& path, std::string_view text);
-
-/// UTF-8 to code page 1252; "?" stands for a character that it lacks and for a broken sequence.
-std::string ToCodePage1252(std::string_view utf8);
-
-/// Code page 1252 to UTF-8. The five bytes without a character become the control characters of
-/// the same code, so that every byte returns unchanged from ToCodePage1252.
-std::string FromCodePage1252(std::string_view bytes);
 
 }  // namespace brivane

@@ -1,0 +1,278 @@
+#include "model/sail_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "model/failures.h"
+#include "model/language.h"
+#include "model/number_text.h"
+#include "model/text_file.h"
+
+namespace brivane {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::size_t kExtensionLength = 4;  ///< dot and three letters
+
+bool IsControl(char c) { return static_cast<unsigned char>(c) < 32; }
+
+// --- Writing -----------------------------------------------------------------------------------
+
+/// Builds a file's text line by line.
+class LineWriter {
+ public:
+  LineWriter& Words(std::string_view words) {
+    text_.append(words).append(kLineEnd);
+    return *this;
+  }
+  LineWriter& Free(std::string_view words) {
+    std::copy_if(words.begin(), words.end(), std::back_inserter(text_),
+                 [](char c) { return !IsControl(c); });
+    text_.append(kLineEnd);
+    return *this;
+  }
+  LineWriter& Number(double value) {
+    AppendStrNum(text_, value);
+    text_.append(kLineEnd);
+    return *this;
+  }
+  LineWriter& Numbers(const std::array<double, 3>& values) {
+    for (const double value : values) Number(value);
+    return *this;
+  }
+  std::string Take() { return std::move(text_); }
+
+ private:
+  std::string text_;
+};
+
+// --- Reading -----------------------------------------------------------------------------------
+
+/// Takes the lines of a file one after the other and converts them.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view text) : rest_(text) {}
+
+  std::string Text() {
+    ++line_;
+    return ReadFileLine(rest_).Text;
+  }
+  void Skip(int lines = 1) {
+    for (int each = 0; each < lines; ++each) Text();
+  }
+  double Number(std::string_view field) { return Checked(ReadLeadingNumber(Text()), field); }
+  double Whole(std::string_view field) { return WholePart(Number(field)); }
+  std::int16_t Rounded(std::string_view field) {
+    return AsInt16(RoundHalfEven(Number(field)), field);
+  }
+  std::int16_t Floored(std::string_view field) { return AsInt16(Whole(field), field); }
+
+  /// A line that must be a number from end to end.
+  double WholeLine(std::string_view field, char decimalMark) {
+    const std::optional<LeadingNumber> number = ReadWholeNumberText(Text(), decimalMark);
+    if (!number) Refuse("Type mismatch", field);
+    return Checked(*number, field);
+  }
+
+ private:
+  [[noreturn]] void Refuse(std::string_view words, std::string_view field) const {
+    throw ReadError(std::string(words) + " (line " + std::to_string(line_) + ", " +
+                    std::string(field) + ")");
+  }
+  double Checked(const LeadingNumber& number, std::string_view field) const {
+    if (number.Overflow) Refuse("Overflow", field);
+    return number.Value;
+  }
+  std::int16_t AsInt16(double whole, std::string_view field) const {
+    const std::optional<std::int16_t> value = ToInt16(whole);
+    if (!value) Refuse("Overflow", field);
+    return *value;
+  }
+
+  std::string_view rest_;
+  int line_ = 0;
+};
+
+void ReadDimensions(LineReader& lines, SailDefinition& sail) {
+  sail.LuffLength = lines.Number("LuffLength");
+  sail.LuffRake = lines.Number("LuffRake");
+  sail.DiagonalLength = lines.Number("DiagonalLength");
+  sail.FootLength = lines.Number("FootLength");
+  sail.GaffLength = lines.Number("GaffLength");
+  sail.GaffAngle = lines.Number("GaffAngle");
+  sail.LeechLength = lines.Number("LeechLength");
+  sail.LeechAngle = lines.Number("LeechAngle");
+  sail.SailArea = lines.Number("SailArea");
+}
+
+/// The edges of both generations; the positions that no window edits are 50 where they are not
+/// stored.
+void ReadEdges(LineReader& lines, SailDefinition& sail, bool hasAllPositions = true) {
+  sail.LuffRound = lines.Number("LuffRound");
+  sail.LuffRoundPos = lines.Rounded("LuffRoundPos");
+  sail.LeechRound = lines.Number("LeechRound");
+  sail.LeechRoundPos = lines.Rounded("LeechRoundPos");
+  sail.FootRound = lines.Number("FootRound");
+  sail.FootRoundPos = hasAllPositions ? lines.Rounded("FootRoundPos") : std::int16_t{50};
+  sail.GaffRound = lines.Rounded("GaffRound");
+  sail.GaffRoundPos = hasAllPositions ? lines.Rounded("GaffRoundPos") : std::int16_t{50};
+}
+
+void ReadDimensionsV4(LineReader& lines, SailDefinition& sail) {
+  sail.LuffLength = lines.Whole("LuffLength");
+  sail.DiagonalLength = lines.Whole("DiagonalLength");
+  sail.FootLength = lines.Whole("FootLength");
+  sail.GaffLength = lines.Whole("GaffLength");
+  sail.GaffAngle = lines.Number("GaffAngle");
+  sail.LeechLength = lines.Whole("LeechLength");
+  sail.LeechAngle = lines.Number("LeechAngle");
+  sail.SailArea = lines.Number("SailArea");
+}
+
+/// What the older generation does not store, from its one middle value of each array.
+void CompleteProfileV4(SailDefinition& sail) {
+  sail.LuffRake = 0;
+  sail.Depth[kFoot] = 0;
+  sail.Depth[kTop] = 0.9 * sail.Depth[kMiddle];
+  sail.LuffShape[kFoot] = 0;
+  sail.LuffShape[kTop] = sail.LuffShape[kMiddle];
+  sail.LeechShape[kFoot] = 0;
+  sail.LeechShape[kTop] = sail.LeechShape[kMiddle];
+}
+
+/// The year at the end of a header, 0 where there is none.
+double HeaderYear(std::string header) {
+  header.erase(header.find_last_not_of(' ') + 1);
+  return Val(
+      std::string_view(header).substr(header.size() - std::min<std::size_t>(header.size(), 4)));
+}
+
+}  // namespace
+
+std::string SailDataText(const SailDefinition& sail) {
+  LineWriter lines;
+  lines.Words(std::string(ProgramTitle).append(" VERSION_").append(kVersionDate));
+  lines.Free(sail.SailName).Free(sail.CutType).Free(sail.MouldLabel).Free(sail.CutLabel);
+  lines.Number(sail.PanelCount);
+  lines.Words("DIMENSIONS");
+  lines.Number(sail.LuffLength).Number(sail.LuffRake).Number(sail.DiagonalLength);
+  lines.Number(sail.FootLength).Number(sail.GaffLength).Number(sail.GaffAngle);
+  lines.Number(sail.LeechLength).Number(sail.LeechAngle).Number(sail.SailArea);
+  lines.Words("EDGES");
+  lines.Number(sail.LuffRound).Number(sail.LuffRoundPos);
+  lines.Number(sail.LeechRound).Number(sail.LeechRoundPos);
+  lines.Number(sail.FootRound).Number(sail.FootRoundPos);
+  lines.Number(sail.GaffRound).Number(sail.GaffRoundPos);
+  lines.Words("PROFIL");
+  lines.Numbers(sail.Depth).Numbers(sail.LuffShape).Numbers(sail.LeechShape);
+  lines.Number(sail.DepthPosition).Number(sail.TwistAngle);
+  lines.Words("CLOTH");
+  lines.Number(sail.ClothWidth).Number(sail.SeamWidth);
+  lines.Words("EOF ");
+  return lines.Take();
+}
+
+void WriteSailDataFile(const std::string& path, const SailDefinition& sail) {
+  WriteFileSafely(path, SailDataText(sail));
+}
+
+SailFileKind SailFileKindOf(std::string_view fileName) {
+  std::string ending(fileName.substr(fileName.size() - std::min<std::size_t>(fileName.size(), 3)));
+  for (char& c : ending)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  if (ending == "bv3") return SailFileKind::Sail;
+  if (ending == "bv4") return SailFileKind::OldSail;
+  return SailFileKind::Unknown;
+}
+
+std::string SailNameOfFile(std::string_view fileName) {
+  return std::string(
+      fileName.substr(0, fileName.size() - std::min(fileName.size(), kExtensionLength)));
+}
+
+void ReadSailDataText(std::string_view text, SailDefinition& sail, char decimalMark) {
+  LineReader lines(text);
+  lines.Skip();
+  sail.SailName = lines.Text();
+  sail.CutType = lines.Text();
+  sail.MouldLabel = lines.Text();
+  sail.CutLabel = lines.Text();
+  sail.PanelCount = lines.Floored("PanelCount");
+  lines.Skip();
+  ReadDimensions(lines, sail);
+  lines.Skip();
+  ReadEdges(lines, sail);
+  lines.Skip();
+  for (double& depth : sail.Depth) depth = lines.Number("Depth");
+  sail.LuffShape[kFoot] = lines.Number("LuffShape");
+  sail.LuffShape[kMiddle] = lines.WholeLine("LuffShape", decimalMark);
+  sail.LuffShape[kTop] = lines.Number("LuffShape");
+  for (double& shape : sail.LeechShape) shape = lines.Number("LeechShape");
+  sail.DepthPosition = lines.Number("DepthPosition");
+  sail.TwistAngle = lines.Number("TwistAngle");
+  lines.Skip();
+  sail.ClothWidth = lines.Rounded("ClothWidth");
+  sail.SeamWidth = lines.Rounded("SeamWidth");
+}
+
+void ReadSailDataFile(const std::string& path, SailDefinition& sail, char decimalMark) {
+  ReadSailDataText(ReadWholeFile(path), sail, decimalMark);
+}
+
+void ReadSailDataTextV4(std::string_view text, SailDefinition& sail) {
+  LineReader lines(text);
+  const bool hasAllPositions = HeaderYear(lines.Text()) >= 1999;
+  sail.SailName = lines.Text();
+  sail.CutType = lines.Text();
+  sail.MouldLabel = lines.Text();
+  ReadDimensionsV4(lines, sail);
+  ReadEdges(lines, sail, hasAllPositions);
+  sail.Depth[kMiddle] = lines.Number("Depth");
+  sail.LuffShape[kMiddle] = lines.Number("LuffShape");
+  sail.LeechShape[kMiddle] = lines.Number("LeechShape");
+  sail.DepthPosition = lines.Number("DepthPosition");
+  sail.TwistAngle = lines.Number("TwistAngle");
+  sail.ClothWidth = lines.Floored("ClothWidth");
+  sail.SeamWidth = lines.Floored("SeamWidth");
+  sail.PanelCount = lines.Floored("PanelCount");
+  CompleteProfileV4(sail);
+}
+
+void ReadSailDataFileV4(const std::string& path, SailDefinition& sail) {
+  ReadSailDataTextV4(ReadWholeFile(path), sail);
+}
+
+void ReadMouldFromText(std::string_view text, SailDefinition& sail) {
+  constexpr int kLinesBefore = 25;  // one fewer than stand before the profile values
+  LineReader lines(text);
+  lines.Skip(kLinesBefore);
+  for (double& depth : sail.Depth) depth = lines.Number("Depth");
+  for (double& shape : sail.LuffShape) shape = lines.Number("LuffShape");
+  for (double& shape : sail.LeechShape) shape = lines.Number("LeechShape");
+  sail.DepthPosition = lines.Number("DepthPosition");
+  sail.TwistAngle = lines.Number("TwistAngle");
+}
+
+void ReadMouldFromFile(const std::string& path, SailDefinition& sail) {
+  ReadMouldFromText(ReadWholeFile(path), sail);
+}
+
+FileLine ReadFileLine(std::string_view& rest) {
+  FileLine line;
+  const std::size_t end = std::min(rest.find('\n'), rest.size());
+  line.EndOfFile = end == rest.size();
+  std::size_t characters = 0;
+  for (const char c : rest.substr(0, end)) {
+    if (IsControl(c)) continue;
+    // Every byte of a character counts with its first one.
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++characters;
+    if (characters > kLongestLine) break;
+    line.Text += c == ',' ? '.' : c;
+  }
+  rest.remove_prefix(line.EndOfFile ? end : end + 1);
+  return line;
+}
+
+}  // namespace brivane
