@@ -282,6 +282,16 @@ void WritePlainFile(const std::string& path, std::string_view text) {
   if (const int error = file.Close(); error != 0) Fail(error, FileStep::Closing, written.Bytes);
 }
 
+void RemoveOldFile(const std::string& path) {
+  RefuseUnusablePath(path);
+  const auto old = StatusOfTarget(path);
+  if (!old) return;
+  RefuseFolder(*old);
+  if (!S_ISREG(old->st_mode)) FailNotRegular();
+  RefuseReadOnly(*old);
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) Fail(errno, FileStep::Opening);
+}
+
 void WriteFileSafely(const std::string& path, std::string_view text) {
   RefuseUnusablePath(path);
   const std::string target = FollowLinks(path);

@@ -25,6 +25,10 @@ std::string ReadWholeFile(const std::string& path);
 /// files without any write permission; a device that takes characters is written to.
 void WritePlainFile(const std::string& path, std::string_view text);
 
+/// Removes the file where there is one; a link is removed, not what it leads to. Refuses what is
+/// not a regular file and files without any write permission.
+void RemoveOldFile(const std::string& path);
+
 /// Writes the text to a temporary file in the same folder, flushes it to the disk and puts it in
 /// the place of the old file. After a failure the old file is whole and the temporary gone (where
 /// only flushing the folder fails, the new file is in place). Links are followed, the mode and,

@@ -1,0 +1,46 @@
+#include "export/dxf_entities.h"
+
+#include "model/number_text.h"
+
+namespace brivane {
+namespace {
+
+// Five blanks before the number's own leading blank.
+void AppendColour(std::string& text, std::int16_t colour) {
+  text += "     ";
+  AppendStrNum(text, colour);
+  text += "\r\n";
+}
+
+}  // namespace
+
+void WritePolylineHeader(std::string& text, std::int16_t colour) {
+  text += "  0\r\nPOLYLINE\r\n  8\r\n1\r\n 62\r\n";
+  AppendColour(text, colour);
+  text += " 66\r\n      1\r\n  6\r\nCONTINUOUS\r\n 70\r\n      8\r\n";
+}
+
+void WriteVertex(std::string& text, std::int16_t colour, double x, double y, double z,
+                 char decimalMark) {
+  text += "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n";
+  AppendColour(text, colour);
+  text += "  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n 10\r\n";
+  AppendPattern(text, kHundredthsBlank, x, decimalMark);
+  text += "\r\n 20\r\n";
+  AppendPattern(text, kHundredthsBlank, y, decimalMark);
+  text += "\r\n 30\r\n";
+  AppendPattern(text, kHundredthsBlank, z, decimalMark);
+  text += "\r\n";
+}
+
+void WritePolylineEnd(std::string& text) { text += "  0\r\nSEQEND\r\n"; }
+
+void WriteEntitiesHead(std::string& text, std::string_view comment) {
+  text += "999\r\n";
+  text += comment;
+  text += "\r\n  0\r\nSECTION\r\n  2\r\nENTITIES\r\n";
+}
+
+void WriteEntitiesEnd(std::string& text) { text += "  0\r\nENDSEC\r\n  0\r\nEOF\r\n"; }
+
+}  // namespace brivane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brivane {
+
+/// Appends the head of a 3-D polyline in one colour (DXF colour number) on layer "1"; vertices
+/// follow it, and a "SEQEND" ends it.
+void WritePolylineHeader(std::string& text, std::int16_t colour);
+
+/// Appends one vertex of a 3-D polyline, mm. Throws GeometryFault for a coordinate that is not
+/// finite.
+void WriteVertex(std::string& text, std::int16_t colour, double x, double y, double z,
+                 char decimalMark);
+
+/// Appends the end of the polyline that stands open.
+void WritePolylineEnd(std::string& text);
+
+/// Appends what stands before the entities: a comment line and the section's head.
+void WriteEntitiesHead(std::string& text, std::string_view comment);
+
+/// Appends what stands after the last entity.
+void WriteEntitiesEnd(std::string& text);
+
+/// About how many bytes one vertex takes, for reserving.
+inline constexpr std::size_t kVertexBytes = 112;
+
+}  // namespace brivane

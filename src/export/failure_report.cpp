@@ -1,0 +1,29 @@
+#include "export/failure_report.h"
+
+#include "model/failures.h"
+
+namespace brivane {
+
+std::string TitleOf(std::string_view label) {
+  return std::string(ProgramTitle) + std::string(label);
+}
+
+std::string WordsOf(const std::exception& failure, Language language) {
+  if (const auto* file = dynamic_cast<const FileError*>(&failure); file && file->IsPathAccess())
+    return std::string(kPathAccessText);
+  if (const auto* fault = dynamic_cast<const GeometryFault*>(&failure))
+    return std::string(fault->Words.In(language));
+  return failure.what();
+}
+
+SaveOutcome RunReported(std::string_view label, Language language,
+                        const std::function<void()>& writer) {
+  try {
+    writer();
+    return {};
+  } catch (const std::exception& failure) {
+    return {FailureReport{TitleOf(label), WordsOf(failure, language)}, {}};
+  }
+}
+
+}  // namespace brivane
