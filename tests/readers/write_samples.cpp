@@ -1,0 +1,103 @@
+// Writes the default sail in each cut, in every file kind, and what the readers' tests compare the
+// files with: write_samples FOLDER. One folder for each cut, each with "surface.txt": the number of
+// panels and the area of every strip of the surface grid, mm², one on each line.
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "export/save_kinds.h"
+#include "panels/design_pass.h"
+
+namespace brivane {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Point {
+  double x, y, z;
+};
+
+/// Area of a triangle in space, negative where it lies clockwise in the sail's plane.
+double SignedArea(const Point& a, const Point& b, const Point& c) {
+  const Point u{b.x - a.x, b.y - a.y, b.z - a.z};
+  const Point v{c.x - a.x, c.y - a.y, c.z - a.z};
+  const Point n{u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
+  return std::copysign(std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z) / 2, n.z);
+}
+
+Point GridPoint(const SurfaceGrid& grid, int line, int point) {
+  return {grid.SurfaceX(line, point), grid.SurfaceY(line, point), grid.SurfaceZ(line, point)};
+}
+
+/// Area of a stretch of the edge, points first to first + 5 of a line, fanned from its first point.
+double EdgeArea(const SurfaceGrid& grid, int line, int first) {
+  const Point apex = GridPoint(grid, line, first);
+  double area = 0;
+  for (int k = first + 1; k < first + 5; ++k)
+    area += SignedArea(apex, GridPoint(grid, line, k), GridPoint(grid, line, k + 1));
+  return area;
+}
+
+/// Area of the strip between two neighbouring lines: its quadrangles, each as the mean of its two
+/// foldings, and what the two edge pieces add to them.
+double StripArea(const SurfaceGrid& grid, int panel) {
+  double area = 0;
+  for (int k = kForwardCorner; k < kAftCorner; ++k) {
+    const Point a = GridPoint(grid, panel, k), b = GridPoint(grid, panel, k + 1);
+    const Point c = GridPoint(grid, panel + 1, k + 1), d = GridPoint(grid, panel + 1, k);
+    area += (SignedArea(a, b, c) + SignedArea(a, c, d)) / 2;
+    area += (SignedArea(a, b, d) + SignedArea(b, c, d)) / 2;
+  }
+  // Both edge pieces run from one corner of the quadrangles to the other, round the strip in the
+  // direction opposite to theirs.
+  return area - EdgeArea(grid, panel + 1, 0) - EdgeArea(grid, panel + 1, kAftCorner);
+}
+
+std::string Digits(double value) {
+  std::array<char, 64> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  return std::string(buffer.data(), end);
+}
+
+void WriteSurface(const Sail& sail, const fs::path& path) {
+  std::ofstream file(path, std::ios::binary);
+  file << std::to_string(sail.Definition.PanelCount) << '\n';
+  for (int panel = 0; panel < sail.Definition.PanelCount; ++panel)
+    file << Digits(std::abs(StripArea(sail.Grid, panel))) << '\n';
+}
+
+/// False where a file could not be written.
+bool WriteCut(const char* cut, const fs::path& folder) {
+  fs::create_directories(folder);
+  Sail sail;
+  sail.Definition.CutType = cut;
+  DesignPass(sail);
+  WriteSurface(sail, folder / "surface.txt");
+  for (const SaveKind kind : {SaveKind::SailData, SaveKind::PanelsXY, SaveKind::Plotter,
+                              SaveKind::Vrml1, SaveKind::PanelsDxf, SaveKind::Vrml2}) {
+    const std::string path = (folder / ProposedName(kind, "Sample")).string();
+    const SaveOutcome outcome = SaveSail(kind, sail, path, Language::English, '.');
+    if (outcome.Saved()) continue;
+    std::fprintf(stderr, "%s: %s\n", path.c_str(), outcome.Failure->Text.c_str());
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+}  // namespace brivane
+
+int main(int argc, char** argv) {
+  if (argc != 2) return 2;
+  const std::filesystem::path folder = argv[1];
+  const bool written = brivane::WriteCut(brivane::kCrossCut, folder / "crosscut") &&
+                       brivane::WriteCut(brivane::kTwistFootCut, folder / "twistfoot") &&
+                       brivane::WriteCut(brivane::kVerticalCut, folder / "vertical");
+  return written ? 0 : 1;
+}
