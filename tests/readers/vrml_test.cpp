@@ -192,6 +192,6 @@ TEST_P(World, BothHoldTheSamePoints) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cuts, World, testing::Values("crosscut", "twistfoot", "vertical"),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& cut) { return cut.param; });
 
 }  // namespace
