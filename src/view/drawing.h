@@ -33,6 +33,8 @@ struct DrawnText {
   PlanePoint At;
   std::string Text;  ///< UTF-8
   Colour Ink = kBlack;
+  double Size = 0;       ///< height of the font in surface units; 0: the picture's own font
+  bool Follows = false;  ///< starts where the text before it ends; At is that text's own point
 };
 
 /// Everything that a picture or a page shows, in drawing order. Whoever paints it, on the screen
@@ -41,5 +43,12 @@ struct Drawing {
   std::vector<Stroke> Strokes;
   std::vector<DrawnText> Texts;
 };
+
+/// Adds the polyline. One with a coordinate that is not finite, with fewer than two points or
+/// without any extent is left out, so that nothing degenerate is ever painted.
+void AddStroke(Drawing& drawing, Stroke stroke);
+
+/// Adds the text. One that is empty or whose place is not finite is left out.
+void AddText(Drawing& drawing, DrawnText text);
 
 }  // namespace brivane

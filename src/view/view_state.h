@@ -17,6 +17,23 @@ struct ViewState {
   RedrawMode Mode = RedrawMode::FitOutline;
 };
 
+/// What is on the picture at the moment. The commands and the mouse put it together: "Redraw" in
+/// outline mode shows outline and labels, turning the view the seam lines alone, a pan or a zoom
+/// adds the seam lines to what its mode shows, "Develop" adds the panels.
+struct PictureContent {
+  bool Outline = false;
+  bool Labels = false;
+  bool SeamLines = false;
+  bool Panels = false;
+  bool operator==(const PictureContent&) const = default;
+};
+
+/// What "Redraw" in the view's mode shows, with the developed panels while they are switched on.
+constexpr PictureContent ContentOf(const ViewState& view) {
+  const bool outline = view.Mode == RedrawMode::FitOutline;
+  return {outline, outline, !outline, view.DevelopShown};
+}
+
 /// Size of the picture in surface units. Its user scale leaves a margin of 5 % all round.
 struct PictureSize {
   double Width = 0;

@@ -1,0 +1,75 @@
+#include "view/outline_curve.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <stdexcept>
+
+#include "geometry/edge_round.h"
+#include "view/projection.h"
+
+namespace brivane {
+
+namespace {
+
+EdgePolyline EdgePoints(PlanePoint from, PlanePoint to, double round, int positionPercent) {
+  const RoundedEdge rounded = MakeRoundedEdge(from, to, round, positionPercent / 100.0);
+  EdgePolyline edge;
+  for (int k = 0; k < kEdgePoints; ++k)
+    edge[static_cast<std::size_t>(k)] = rounded.At(k / (kEdgePoints - 1.0));
+  return edge;
+}
+
+}  // namespace
+
+const EdgePolyline& OutlineCurve::operator[](int edge) const {
+  switch (edge) {
+    case 0:
+      return Luff;
+    case 1:
+      return Gaff;
+    case 2:
+      return Leech;
+    case 3:
+      return Foot;
+    default:
+      throw std::out_of_range("Subscript out of range");
+  }
+}
+
+OutlineCurve RoundedOutline(const SailDefinition& sail) {
+  const PlanePoint tack{0, 0};
+  const PlanePoint throat{0, sail.LuffLength};
+  const PlanePoint peak{sail.PeakPoint.x, sail.PeakPoint.y};
+  const PlanePoint clew{sail.ClewPoint.x, sail.ClewPoint.y};
+  return {EdgePoints(tack, throat, sail.LuffRound, sail.LuffRoundPos),
+          EdgePoints(throat, peak, sail.GaffRound, sail.GaffRoundPos),
+          EdgePoints(peak, clew, sail.LeechRound, sail.LeechRoundPos),
+          EdgePoints(clew, tack, sail.FootRound, sail.FootRoundPos)};
+}
+
+Extent UprightExtent(const SailDefinition& sail) {
+  const OutlineCurve outline = RoundedOutline(sail);
+  const PlanMapping plan(sail.LuffRake, ViewState{});
+  Extent extent;
+  for (int edge = 0; edge < 4; ++edge) {
+    for (const PlanePoint& raked : outline[edge]) {
+      const PlanePoint point = plan.Unrake(raked);
+      extent.Left = std::min(extent.Left, point.x);
+      extent.Right = std::max(extent.Right, point.x);
+      extent.Bottom = std::min(extent.Bottom, point.y);
+      extent.Top = std::max(extent.Top, point.y);
+    }
+  }
+  return extent;
+}
+
+bool HasOutline(const SailDefinition& sail) {
+  for (const double value :
+       {sail.LuffLength, sail.LuffRake, sail.ClewPoint.x, sail.ClewPoint.y, sail.PeakPoint.x,
+        sail.PeakPoint.y, sail.LuffRound, sail.LeechRound, sail.FootRound})
+    if (!std::isfinite(value)) return false;
+  return sail.LuffLength > 0 && (sail.ClewPoint.x != 0 || sail.ClewPoint.y != 0);
+}
+
+}  // namespace brivane

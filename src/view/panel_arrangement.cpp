@@ -1,0 +1,207 @@
+#include "view/panel_arrangement.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+#include "view/navigation.h"
+#include "view/outline_curve.h"
+
+namespace brivane {
+
+namespace {
+
+/// Gap between neighbouring panels, as a share of the cloth width.
+constexpr double kGapShare = 0.04;
+
+/// A stack of panels knows its reach in this many columns across the stacking direction.
+constexpr std::size_t kColumns = 256;
+
+constexpr double kNothing = std::numeric_limits<double>::infinity();
+
+Extent ExtentOf(const std::vector<PlacedPanel>& panels) {
+  Extent extent{kNothing, -kNothing, kNothing, -kNothing};
+  for (const PlacedPanel& panel : panels) {
+    for (const PlanePoint& point : panel.Outline) {
+      extent.Left = std::min(extent.Left, point.x);
+      extent.Right = std::max(extent.Right, point.x);
+      extent.Bottom = std::min(extent.Bottom, point.y);
+      extent.Top = std::max(extent.Top, point.y);
+    }
+  }
+  return extent;
+}
+
+template <typename Change>
+void ChangePoints(PlacedPanel& panel, Change change) {
+  for (PlanePoint& point : panel.Outline) point = change(point);
+  for (PlanePoint& point : panel.Guide) point = change(point);
+}
+
+/// Lowest and highest y of an outline in every column that it touches.
+struct Reach {
+  std::array<double, kColumns> Low;
+  std::array<double, kColumns> High;
+  Reach() {
+    Low.fill(kNothing);
+    High.fill(-kNothing);
+  }
+};
+
+class Columns {
+ public:
+  explicit Columns(const Extent& extent)
+      : left_(extent.Left), width_(std::max(extent.Width(), 1e-6) / kColumns) {}
+
+  Reach Of(const std::vector<PlanePoint>& outline) const {
+    Reach reach;
+    for (std::size_t i = 0; i + 1 < outline.size(); ++i) Add(reach, outline[i], outline[i + 1]);
+    return reach;
+  }
+
+ private:
+  std::size_t ColumnAt(double x) const {
+    const double column = std::floor((x - left_) / width_);
+    return static_cast<std::size_t>(std::clamp(column, 0.0, kColumns - 1.0));
+  }
+
+  static double HeightAt(PlanePoint a, PlanePoint b, double x) {
+    const double t = b.x == a.x ? 0 : std::clamp((x - a.x) / (b.x - a.x), 0.0, 1.0);
+    return a.y + t * (b.y - a.y);
+  }
+
+  void Add(Reach& reach, PlanePoint a, PlanePoint b) const {
+    if (a.x > b.x) std::swap(a, b);
+    const std::size_t last = ColumnAt(b.x);
+    for (std::size_t column = ColumnAt(a.x); column <= last; ++column) {
+      const double left = left_ + static_cast<double>(column) * width_;
+      double enters = HeightAt(a, b, left);
+      double leaves = HeightAt(a, b, left + width_);
+      if (a.x == b.x) enters = a.y, leaves = b.y;
+      reach.Low[column] = std::min({reach.Low[column], enters, leaves});
+      reach.High[column] = std::max({reach.High[column], enters, leaves});
+    }
+  }
+
+  double left_;
+  double width_;
+};
+
+/// Moves every panel up until it clears all that lie below it.
+void StackUpwards(std::vector<PlacedPanel>& panels, double gap) {
+  const Columns columns(ExtentOf(panels));
+  std::array<double, kColumns> skyline;
+  skyline.fill(-kNothing);
+  double shift = 0;
+  for (PlacedPanel& panel : panels) {
+    const Reach reach = columns.Of(panel.Outline);
+    for (std::size_t column = 0; column < kColumns; ++column)
+      if (skyline[column] > -kNothing && reach.Low[column] < kNothing)
+        shift = std::max(shift, skyline[column] + gap - reach.Low[column]);
+    ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x, point.y + shift}; });
+    for (std::size_t column = 0; column < kColumns; ++column)
+      skyline[column] = std::max(skyline[column], reach.High[column] + shift);
+  }
+}
+
+double RightEnd(const std::vector<PlanePoint>& outline) {
+  double right = -kNothing;
+  for (const PlanePoint& point : outline) right = std::max(right, point.x);
+  return right;
+}
+
+/// Turns the frame of every panel so that its aft end stands on the base line and the panel's
+/// height runs along x. Stacking has left the panels apart in y, so they are apart in x now.
+void StandUpright(std::vector<PlacedPanel>& panels) {
+  for (PlacedPanel& panel : panels)
+    ChangePoints(panel, [](PlanePoint point) { return PlanePoint{point.y, point.x}; });
+}
+
+std::vector<PlacedPanel> PanelsInTheirFrames(const Sail& sail) {
+  std::vector<PlacedPanel> panels;
+  const int count = std::min<int>(sail.Definition.PanelCount, kMostPanels);
+  panels.reserve(static_cast<std::size_t>(std::max(count, 0)));
+  for (int panel = 0; panel < count; ++panel) {
+    std::vector<PlanePoint> outline = PanelOutline(sail.Panels, panel);
+    if (!outline.empty()) panels.push_back({std::move(outline), PanelGuide(sail, panel)});
+  }
+  return panels;
+}
+
+/// Where the whole arrangement is moved to, mm.
+PlanePoint Shift(const Sail& sail, const ViewState& view, const Extent& arranged, bool upright,
+                 double gap) {
+  const Extent outline = UprightExtent(sail.Definition);
+  PlanePoint shift{view.DevelopOriginX, view.DevelopOriginY};
+  shift.x = std::max(shift.x, outline.Right + gap - arranged.Left);
+  if (upright) return shift;
+  const FitExtents fit = ExtentsToFit(sail.Definition);
+  const double picturesTop = fit.Vertical - fit.BelowTack;
+  const double excess = shift.y + arranged.Top - picturesTop;
+  const double room = shift.y + arranged.Bottom + fit.BelowTack;
+  shift.y -= std::clamp(excess, 0.0, std::max(room, 0.0));
+  return shift;
+}
+
+}  // namespace
+
+std::vector<PlanePoint> PanelOutline(const DevelopedPanels& panels, int panel) {
+  std::vector<PlanePoint> outline;
+  outline.reserve(75);
+  const auto lower = [&](int k) {
+    outline.push_back({panels.PanelLowerX(panel, k), panels.PanelLowerY(panel, k)});
+  };
+  const auto edge = [&](int k) {
+    outline.push_back({panels.PanelEdgeX(panel, k), panels.PanelEdgeY(panel, k)});
+  };
+  lower(kForwardCorner);
+  for (int k = 0; k <= kForwardCorner; ++k) edge(k);
+  for (int k = kForwardCorner; k <= kAftCorner; ++k)
+    outline.push_back({panels.PanelUpperX(panel, k), panels.PanelUpperY(panel, k)});
+  for (int k = kAftCorner; k <= kLastPoint; ++k) edge(k);
+  for (int k = kAftCorner; k >= kForwardCorner; --k) lower(k);
+
+  bool hasExtent = false;
+  for (const PlanePoint& point : outline) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y)) return {};
+    hasExtent = hasExtent || point != outline.front();
+  }
+  if (!hasExtent) outline.clear();
+  return outline;
+}
+
+std::vector<PlanePoint> PanelGuide(const Sail& sail, int panel) {
+  std::vector<PlanePoint> guide;
+  if (panel >= sail.Definition.PanelCount - 1) return guide;
+  guide.reserve(kAftCorner - kForwardCorner + 1);
+  for (int k = kForwardCorner; k <= kAftCorner; ++k) {
+    guide.push_back({sail.Panels.PanelEdgeX(panel, k), sail.Panels.PanelEdgeY(panel, k)});
+    if (!std::isfinite(guide.back().x) || !std::isfinite(guide.back().y)) return {};
+  }
+  return guide;
+}
+
+std::vector<PlacedPanel> ArrangePanels(const Sail& sail, const ViewState& view) {
+  std::vector<PlacedPanel> panels = PanelsInTheirFrames(sail);
+  if (panels.empty() || !HasOutline(sail.Definition)) return {};
+  const bool upright = sail.Definition.CutType == kVerticalCut;
+  const double gap = kGapShare * sail.Definition.ClothWidth;
+  if (upright) {
+    for (PlacedPanel& panel : panels) {
+      const double end = RightEnd(panel.Outline);
+      ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{end - point.x, point.y}; });
+    }
+  }
+  StackUpwards(panels, gap);
+  if (upright) StandUpright(panels);
+  const PlanePoint shift = Shift(sail, view, ExtentOf(panels), upright, gap);
+  for (PlacedPanel& panel : panels)
+    ChangePoints(panel, [&](PlanePoint point) {
+      return PlanePoint{point.x + shift.x, point.y + shift.y};
+    });
+  return panels;
+}
+
+}  // namespace brivane
