@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/degrees.h"
+
 #include <cmath>
 
 namespace brivane {
@@ -25,7 +27,6 @@ inline double Length(PlanePoint a) { return std::sqrt(Dot(a, a)); }
 constexpr PlanePoint Between(PlanePoint a, PlanePoint b, double t) { return a + t * (b - a); }
 
 inline constexpr double kPi = 3.14159265358979;
-inline constexpr double kDegreesPerRadian = 57.2957795130823;
 
 /// Angles of a triangle, rad, each opposite the side of the same letter.
 struct TriangleAngles {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/degrees.h"
 #include "model/language.h"
 #include "model/sail_definition.h"
 
@@ -47,9 +48,6 @@ struct DimensionFieldInfo {
 const std::array<DimensionFieldInfo, 19>& DimensionFields();
 
 const DimensionFieldInfo& InfoOf(DimensionField field);
-
-/// Degrees in a radian, as the program has always taken it.
-inline constexpr double kDegreesPerRadian = 57.2957795130823;
 
 /// The whole part of an angle in degrees. A whole degree that was stored in radians comes back
 /// whole: the part is taken a billionth of a degree above the product.
