@@ -57,4 +57,11 @@ struct PlaneLine {
 /// line passes the edge by, the corner on that side.
 double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line);
 
+/// How far the rounded edge reaches along a direction: least and greatest dot product, mm.
+struct Extent {
+  double Low = 0;
+  double High = 0;
+};
+Extent ExtentAlong(const RoundedEdge& edge, PlanePoint direction);
+
 }  // namespace brivane

@@ -1,0 +1,134 @@
+#include "panels/flat_panel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace brivane {
+namespace {
+
+constexpr int kSeamPoints = kAftCorner - kForwardCorner + 1;
+constexpr int kFirstOnCut = kForwardCorner + 1;  ///< guide points that lie on the cut
+constexpr int kLastOnCut = kAftCorner - 1;
+
+std::size_t At(int point) { return static_cast<std::size_t>(point); }
+
+/// The upper seam moved inside by the seam width and lengthened at both ends.
+using OffsetSeam = std::array<PlanePoint, kSeamPoints + 2>;
+
+PlanePoint Unit(PlanePoint a) {
+  const double length = Length(a);
+  return length > 0 ? (1 / length) * a : PlanePoint{1, 0};
+}
+
+OffsetSeam MoveInside(const FlatPanel& panel, double seamWidth) {
+  std::array<PlanePoint, kSeamPoints> seam;
+  std::copy_n(panel.Upper.begin() + kForwardCorner, kSeamPoints, seam.begin());
+  OffsetSeam offset;
+  double length = 0;
+  PlanePoint before = Unit(seam[1] - seam[0]);
+  const PlanePoint first = before;
+  for (std::size_t i = 0; i < seam.size(); ++i) {
+    const PlanePoint after = i + 1 < seam.size() ? Unit(seam[i + 1] - seam[i]) : before;
+    // Inside is to the right going aft; the mitre keeps the width along both neighbours.
+    const PlanePoint normals{before.y + after.y, -before.x - after.x};
+    offset[i + 1] = seam[i] + (seamWidth / std::max(1 + Dot(before, after), 0.1)) * normals;
+    if (i > 0) length += Length(seam[i] - seam[i - 1]);
+    before = after;
+  }
+  offset.front() = offset[1] - length * first;
+  offset.back() = offset[At(kSeamPoints)] + length * before;
+  return offset;
+}
+
+/// Where the segment a–b crosses c–d, as the fraction of c–d; none when they do not meet.
+std::optional<double> Meeting(PlanePoint a, PlanePoint b, PlanePoint c, PlanePoint d) {
+  const double turn = Cross(b - a, d - c);
+  if (turn == 0) return std::nullopt;
+  const double onCut = Cross(c - a, d - c) / turn;
+  const double onSeam = Cross(c - a, b - a) / turn;
+  if (onCut < 0 || onCut > 1 || onSeam < 0 || onSeam > 1) return std::nullopt;
+  return onSeam;
+}
+
+/// Place on the offset seam (segment index plus fraction) at which the cut, walked from the upper
+/// corner on, first meets it.
+template <std::size_t Count>
+std::optional<double> FirstMeeting(const OffsetSeam& seam,
+                                   const std::array<PlanePoint, Count>& cut) {
+  for (std::size_t i = 0; i + 1 < cut.size(); ++i)
+    for (std::size_t k = 0; k + 1 < seam.size(); ++k)
+      if (const auto fraction = Meeting(cut[i], cut[i + 1], seam[k], seam[k + 1]))
+        return static_cast<double>(k) + *fraction;
+  return std::nullopt;
+}
+
+/// The cut from an upper corner down the edge and on along the lower seam.
+std::array<PlanePoint, kForwardCorner + kSeamPoints> CutFrom(const FlatPanel& panel, bool forward) {
+  std::array<PlanePoint, kForwardCorner + kSeamPoints> cut;
+  auto next = cut.begin();
+  for (int i = 0; i <= kForwardCorner; ++i)
+    *next++ = panel.Edge[At(forward ? kForwardCorner - i : kAftCorner + i)];
+  for (int i = 1; i < kSeamPoints; ++i)
+    *next++ = panel.Lower[At(forward ? kForwardCorner + i : kAftCorner - i)];
+  return cut;
+}
+
+/// Arc lengths of the vertices of the offset seam, mm.
+std::array<double, kSeamPoints + 2> ArcLengths(const OffsetSeam& seam) {
+  std::array<double, kSeamPoints + 2> arcs{};
+  for (std::size_t i = 1; i < seam.size(); ++i)
+    arcs[i] = arcs[i - 1] + Length(seam[i] - seam[i - 1]);
+  return arcs;
+}
+
+double ArcAt(const std::array<double, kSeamPoints + 2>& arcs, double place) {
+  const auto k = std::min(static_cast<std::size_t>(place), arcs.size() - 2);
+  return arcs[k] + (place - static_cast<double>(k)) * (arcs[k + 1] - arcs[k]);
+}
+
+/// Height of the lower seam at x, mm.
+double LowerHeight(const FlatPanel& panel, double x) {
+  for (int point = kForwardCorner; point < kAftCorner; ++point) {
+    const PlanePoint a = panel.Lower[At(point)];
+    const PlanePoint b = panel.Lower[At(point + 1)];
+    if (b.x > a.x && x >= a.x && x <= b.x) return a.y + (b.y - a.y) * (x - a.x) / (b.x - a.x);
+  }
+  return 0;
+}
+
+/// Points 6 to 34 at equal distances along the offset seam, between two places on it.
+void SpreadAlong(FlatPanel& panel, const OffsetSeam& seam, double from, double to) {
+  const auto arcs = ArcLengths(seam);
+  const double start = ArcAt(arcs, from);
+  const double step = (ArcAt(arcs, to) - start) / (kLastOnCut - kFirstOnCut);
+  std::size_t k = 0;
+  for (int point = kFirstOnCut; point <= kLastOnCut; ++point) {
+    const double arc = start + step * (point - kFirstOnCut);
+    while (k + 2 < arcs.size() && arcs[k + 1] < arc) ++k;
+    const double length = arcs[k + 1] - arcs[k];
+    PlanePoint at = Between(seam[k], seam[k + 1], length > 0 ? (arc - arcs[k]) / length : 0);
+    at.y = std::max(at.y, LowerHeight(panel, at.x));
+    panel.Edge[At(point)] = at;
+  }
+}
+
+}  // namespace
+
+void DrawGuideLine(FlatPanel& panel, double seamWidth, bool lastPanel) {
+  if (lastPanel) {
+    std::copy_n(panel.Upper.begin() + kForwardCorner, kSeamPoints,
+                panel.Edge.begin() + kForwardCorner);
+    return;
+  }
+  const OffsetSeam seam = MoveInside(panel, seamWidth);
+  const auto from = FirstMeeting(seam, CutFrom(panel, true));
+  const auto to = FirstMeeting(seam, CutFrom(panel, false));
+  if (from && to && *from < *to)
+    SpreadAlong(panel, seam, *from, *to);
+  else
+    std::copy_n(panel.Lower.begin() + kFirstOnCut, kLastOnCut - kFirstOnCut + 1,
+                panel.Edge.begin() + kFirstOnCut);
+}
+
+}  // namespace brivane
