@@ -146,13 +146,14 @@ void LayStrip(Strip& strip, double leechAngle) {
 /// Turns and shifts the panel into its own frame and, where its upper seam lies below, mirrors it.
 FlatPanel Settle(const Strip& strip) {
   const PlanePoint origin = strip.lower[At(kForwardCorner)].flat;
-  const PlanePoint end = strip.lower[At(kAftCorner)].flat;
-  const double turn = -DirectionAngle(origin.x, origin.y, end.x, end.y);
-  const double cosine = std::cos(turn);
-  const double sine = std::sin(turn);
+  // The bearing of the chord by its cosine and sine, so that no digit of an angle is lost.
+  const PlanePoint chord = strip.lower[At(kAftCorner)].flat - origin;
+  const double length = Length(chord);
+  const double cosine = length > 0 ? chord.x / length : 1;
+  const double sine = length > 0 ? chord.y / length : 0;
   const auto turned = [&](const StripPoint& point) {
     const PlanePoint d = point.flat - origin;
-    return PlanePoint{d.x * cosine - d.y * sine, d.x * sine + d.y * cosine};
+    return PlanePoint{d.x * cosine + d.y * sine, d.y * cosine - d.x * sine};
   };
   FlatPanel panel;
   double rise = 0;
