@@ -1,0 +1,237 @@
+// Drives the real windows through the main job with real key and mouse events, and leaves pictures
+// and files: tour FOLDER, with the folders "pictures" and "files" in it.
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QRadioButton>
+#include <QTimer>
+#include <cstdio>
+
+#include "tour/camera.h"
+#include "tour/hand.h"
+#include "ui/windows.h"
+
+namespace brivane::tour {
+namespace {
+
+struct CutStop {
+  const char* Option;
+  const char* Name;
+};
+constexpr std::array<CutStop, 3> kCuts = {
+    {{"OptCut1_1", "twistfoot"}, {"OptCut1_0", "crosscut"}, {"OptCut1_2", "vertical"}}};
+
+/// A sail of the older file generation, 28 lines.
+constexpr const char* kOldSail =
+    "Brivane 4 VERSION_ 12 March 1999\r\nOldSail\r\nCROSSCUT\r\ndefault_vertical\r\n"
+    " 5200\r\n 6100\r\n 3100\r\n 2400\r\n .6\r\n 0\r\n 0\r\n 0\r\n 60\r\n 50\r\n 80\r\n 50\r\n"
+    " 120\r\n 50\r\n 60\r\n 50\r\n 9\r\n 3\r\n .06\r\n 4\r\n .2\r\n 900\r\n 20\r\n 0\r\n";
+
+class Tour {
+ public:
+  explicit Tour(const QDir& folder)
+      : files_(folder.filePath("files")), camera_(folder.filePath("pictures")) {}
+
+  void Take() {
+    Begin();
+    TypeDimensions();
+    LookAtDrawing();
+    VisitCuts();
+    OpenSails();
+    VisitPatches("english");
+    GoFrench();
+    Leave();
+  }
+
+ private:
+  void Stop(const char* words) {
+    std::printf("%s\n", words);
+    std::fflush(stdout);
+  }
+
+  QWidget& Start() { return hand_.Window("Menu1"); }
+  QWidget& Dimensions() { return hand_.Window("Create1"); }
+  QWidget& Drawing() { return hand_.Window("Dessin1"); }
+  QWidget& Picture() { return hand_.In<QWidget>(Drawing(), "Picture1"); }
+  void ClickIn(QWidget& window, const char* button) {
+    hand_.Click(hand_.In<QAbstractButton>(window, button));
+  }
+  void Fill(const char* field, const QString& text) {
+    hand_.Fill(hand_.In<QLineEdit>(Dimensions(), field), text);
+  }
+
+  /// Picks the dimensions, chooses a cut and validates.
+  void LayOut(const char* option) {
+    hand_.Pick(Drawing(), {"m_Dimensions"});
+    hand_.Choose(hand_.In<QRadioButton>(Dimensions(), option));
+    ClickIn(Dimensions(), "Validation");
+  }
+
+  /// Runs a command of the menus that asks for a path, gives it, and takes away the confirmation.
+  void Save(const char* entry, const QString& path, bool confirms, const QString& picture = {}) {
+    hand_.WhenAsked("FileDialog", [this, path, picture](QWidget& dialog) {
+      if (!picture.isEmpty()) camera_.Take(picture, {&Drawing(*dialog.parentWidget()), &dialog});
+      hand_.GivePath(dialog, path);
+    });
+    if (confirms) AgreeTo("Message");
+    hand_.Pick(Drawing(), {"fmenu", "fSave", entry});
+    hand_.AllAnswered();
+  }
+
+  QWidget& Drawing(QWidget& below) { return *below.window(); }
+
+  void AgreeTo(const char* name, const QString& picture = {}) {
+    hand_.WhenAsked(name, [this, picture](QWidget& box) {
+      if (!picture.isEmpty()) camera_.Take(picture, {box.parentWidget()->window(), &box});
+      hand_.ClickButton(box);
+    });
+  }
+
+  void Open(const QString& path) {
+    hand_.WhenAsked("FileDialog", [this, path](QWidget& dialog) { hand_.GivePath(dialog, path); });
+    hand_.Pick(Drawing(), {"fmenu", "fOpen"});
+    hand_.AllAnswered();
+  }
+
+  void Begin() {
+    Stop("The start window, in English");
+    camera_.Take("01-start", {&Start()});
+    ClickIn(Start(), "Create");
+    camera_.Take("02-dimensions", {&Dimensions()});
+  }
+
+  void TypeDimensions() {
+    Stop("The dimensions, one of them too short");
+    AgreeTo("Message", "03-dimensions-correction");
+    Fill("Luff", "150");
+    hand_.AllAnswered();
+    // The default sail again: what the short luff has brought with it is typed anew.
+    for (const auto& [field, text] : {std::pair{"Luff", "4550"},
+                                      {"LuffRond", "100"},
+                                      {"Foot", "3600"},
+                                      {"Diag", "5750"},
+                                      {"Gaff", "2600"}})
+      Fill(field, text);
+    camera_.Take("04-dimensions-typed", {&Dimensions()});
+    ClickIn(Dimensions(), "Validation");
+  }
+
+  void LookAtDrawing() {
+    Stop("The drawing: seams, labels, turned, zoomed");
+    camera_.Take("05-drawing-seams", {&Drawing()});
+    ClickIn(Drawing(), "Legende1");
+    camera_.Take("06-drawing-labels", {&Drawing()});
+    hand_.Turn(hand_.In<QScrollBar>(Drawing(), "HScroll1"), 60);
+    camera_.Take("07-drawing-azimuth", {&Drawing()});
+    hand_.Turn(hand_.In<QScrollBar>(Drawing(), "VScroll1"), 60);
+    camera_.Take("08-drawing-elevation", {&Drawing()});
+    ClickIn(Drawing(), "Clean");
+    const QRect sheet = Picture().rect();
+    const QPoint from(sheet.width() / 10, sheet.height() / 10);
+    const QPoint to(sheet.width() * 4 / 10, sheet.height() * 5 / 10);
+    hand_.Drag(Picture(), from, to, Qt::LeftButton,
+               [this] { camera_.Take("09-drawing-zoom-rectangle", {&Drawing()}); });
+    camera_.Take("10-drawing-zoomed", {&Drawing()});
+    hand_.Drag(Picture(), from, to, Qt::RightButton,
+               [this] { camera_.Take("11-drawing-moving", {&Drawing()}); });
+    ClickIn(Drawing(), "Clean");
+  }
+
+  void VisitCuts() {
+    for (const CutStop& cut : kCuts) {
+      Stop(cut.Name);
+      LayOut(cut.Option);
+      ClickIn(Drawing(), "Developing");
+      camera_.Take(QString("20-developed-%1").arg(cut.Name), {&Drawing()});
+      if (!files_.mkpath(cut.Name)) throw LostWay("no folder can be made for the files");
+      const QString base = files_.filePath(QString(cut.Name) + "/Newsail");
+      // Without an extension: the program adds it.
+      Save("fSave_Data", base, false, QString("21-save-%1").arg(cut.Name));
+      Save("fSave_panelDXF", base + ".dxf", true);
+      Save("fSave_XY", base + ".xyz", false);
+      Save("fSave_Tovarek", base + ".bp4", false);
+      Save("fSave_VRML", base + ".WRL", false);
+    }
+  }
+
+  void OpenSails() {
+    Stop("Sails of both file generations, opened");
+    Open(files_.filePath("crosscut/Newsail.bv3"));
+    camera_.Take("30-opened-bv3", {&Drawing()});
+    QFile old(files_.filePath("OldSail.bv4"));
+    if (!old.open(QIODevice::WriteOnly) || old.write(kOldSail) < 0)
+      throw LostWay("the old sail cannot be written");
+    old.close();
+    Open(old.fileName());
+    camera_.Take("31-opened-bv4", {&Drawing()});
+    AgreeTo("Message", "32-opened-nothing");
+    QFile::copy(old.fileName(), files_.filePath("OldSail.txt"));
+    Open(files_.filePath("OldSail.txt"));
+    QFile::remove(files_.filePath("OldSail.txt"));
+    Open(files_.filePath("twistfoot/Newsail.bv3"));
+  }
+
+  void VisitPatches(const char*) {}
+
+  void GoFrench() {
+    Stop("The same in French");
+    ClickIn(Drawing(), "Cancel");
+    hand_.Choose(hand_.In<QAbstractButton>(Start(), "Langue1_0"));
+    camera_.Take("40-start-french", {&Start()});
+    ClickIn(Start(), "Create");
+    camera_.Take("41-dimensions-french", {&Dimensions()});
+    AgreeTo("Message", "42-dimensions-correction-french");
+    Fill("Foot", "50");
+    hand_.AllAnswered();
+    for (const auto& [field, text] :
+         {std::pair{"Foot", "3600"}, {"FootRond", "170"}, {"Diag", "5750"}, {"Gaff", "2600"}})
+      Fill(field, text);
+    ClickIn(Dimensions(), "Validation");
+    ClickIn(Drawing(), "Legende1");
+    camera_.Take("43-drawing-labels-french", {&Drawing()});
+    ClickIn(Drawing(), "Developing");
+    camera_.Take("44-developed-french", {&Drawing()});
+    VisitPatches("french");
+  }
+
+  void Leave() {
+    Stop("Leaving");
+    ClickIn(Drawing(), "Cancel");
+    ClickIn(Start(), "Terminate");
+  }
+
+  QDir files_;
+  Hand hand_;
+  Camera camera_;
+};
+
+/// The tour ends when the program ends by itself; staying is being lost.
+int Run(int argc, char** argv) {
+  QApplication application(argc, argv);
+  if (argc != 2) return 2;
+  const QDir folder(QString::fromLocal8Bit(argv[1]));
+  Windows windows;
+  windows.BringToFront(windows.Start());
+  int status = 1;
+  QTimer::singleShot(0, [&] {
+    try {
+      Tour(folder).Take();
+      status = 0;
+    } catch (const LostWay& lost) {
+      std::fprintf(stderr, "The tour lost its way: %s\n", lost.what());
+    }
+    QTimer::singleShot(5000, [&] {
+      if (status == 0) std::fprintf(stderr, "The program does not end when it should.\n");
+      status = 1;
+      QApplication::exit(1);
+    });
+  });
+  QApplication::exec();
+  return status;
+}
+
+}  // namespace
+}  // namespace brivane::tour
+
+int main(int argc, char** argv) { return brivane::tour::Run(argc, argv); }
