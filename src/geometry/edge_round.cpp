@@ -117,12 +117,12 @@ double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line) {
   return straight < 0.5 ? 0 : 1;
 }
 
-Extent ExtentAlong(const RoundedEdge& edge, PlanePoint direction) {
+EdgeReach ExtentAlong(const RoundedEdge& edge, PlanePoint direction) {
   const LineDistance reach{Dot(direction, edge.Start), Dot(direction, edge.End - edge.Start),
                            Dot(direction, edge.Outward) * edge.Round, edge.Curve};
   const double start = Dot(direction, edge.Start);
   const double end = Dot(direction, edge.End);
-  Extent extent{std::min(start, end), std::max(start, end)};
+  EdgeReach extent{std::min(start, end), std::max(start, end)};
   std::array<double, 2> turns{};
   const int count = TurningPoints(reach, turns);
   for (int i = 0; i < count; ++i) {

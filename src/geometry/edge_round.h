@@ -58,10 +58,10 @@ struct PlaneLine {
 double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line);
 
 /// How far the rounded edge reaches along a direction: least and greatest dot product, mm.
-struct Extent {
+struct EdgeReach {
   double Low = 0;
   double High = 0;
 };
-Extent ExtentAlong(const RoundedEdge& edge, PlanePoint direction);
+EdgeReach ExtentAlong(const RoundedEdge& edge, PlanePoint direction);
 
 }  // namespace brivane

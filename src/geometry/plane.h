@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/degrees.h"
-
 #include <cmath>
+
+#include "model/degrees.h"
 
 namespace brivane {
 
