@@ -1,0 +1,560 @@
+#include "model/sail_file.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "model/failures.h"
+#include "model/temporary_folder.h"
+
+namespace brivane {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// The 41 lines of the default sail before it is computed, worked out by hand.
+Lines DefaultLines() {
+  return {"Brivane 2000 VERSION_ 25 June 2000 ",
+          "Newsail",
+          "TWISTFOOTCUT",
+          "default_vertical",
+          "default_coupe",
+          " 0",
+          "DIMENSIONS",
+          " 4550",
+          " .05",
+          " 5750",
+          " 3600",
+          " 2600",
+          " .7",
+          " 0",
+          " 0",
+          " 0",
+          "EDGES",
+          " 100",
+          " 50",
+          "-100",
+          " 60",
+          " 170",
+          " 50",
+          " 130",
+          " 50",
+          "PROFIL",
+          " 3",
+          " 10",
+          " 5",
+          " 0",
+          " 3",
+          " 6",
+          " 0",
+          " .06",
+          " .08",
+          " 4",
+          " .21",
+          "CLOTH",
+          " 890",
+          " 20",
+          "EOF "};
+}
+
+std::string Joined(const Lines& lines, const std::string& end = "\r\n") {
+  std::string text;
+  for (const std::string& line : lines) text += line + end;
+  return text;
+}
+
+/// The default sail's file with one line (counted from 1) replaced.
+std::string WithLine(std::size_t number, const std::string& line) {
+  Lines lines = DefaultLines();
+  lines[number - 1] = line;
+  return Joined(lines);
+}
+
+SailDefinition ReadFrom(const std::string& text, char mark = '.') {
+  SailDefinition sail;
+  ReadSailDataText(text, sail, mark);
+  return sail;
+}
+
+std::string RefusalOf(const std::string& text, char mark = '.') {
+  try {
+    ReadFrom(text, mark);
+  } catch (const ReadError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+/// A sail of which every stored field differs from the default.
+SailDefinition OddSail() {
+  SailDefinition sail;
+  sail.SailName = "Génois d'été";
+  sail.CutType = kVerticalCut;
+  sail.MouldLabel = "mould";
+  sail.CutLabel = "cut";
+  sail.PanelCount = 12;
+  sail.LuffLength = 5000.5;
+  sail.LuffRake = -0.125;
+  sail.DiagonalLength = 6000.25;
+  sail.FootLength = 3000.75;
+  sail.GaffLength = 2000.5;
+  sail.GaffAngle = 0.75;
+  sail.LeechLength = 7000.125;
+  sail.LeechAngle = -0.0625;
+  sail.SailArea = 17.25;
+  sail.LuffRound = -10.5;
+  sail.LuffRoundPos = 41;
+  sail.LeechRound = 250.5;
+  sail.LeechRoundPos = 42;
+  sail.FootRound = 17.5;
+  sail.FootRoundPos = 43;
+  sail.GaffRound = -13;
+  sail.GaffRoundPos = 44;
+  sail.Depth = {2.5, 11.5, 6.5};
+  sail.LuffShape = {0.5, 3.5, 6.5};
+  sail.LeechShape = {0.01, 0.0625, 0.125};
+  sail.DepthPosition = 5;
+  sail.TwistAngle = 0.3125;
+  sail.ClothWidth = 1370;
+  sail.SeamWidth = 15;
+  return sail;
+}
+
+// --- Writing -----------------------------------------------------------------------------------
+
+TEST(SailDataText, OfTheDefaultSailHasTheseLines) {
+  EXPECT_EQ(SailDataText(SailDefinition{}), Joined(DefaultLines()));
+}
+
+TEST(SailDataText, PutsEveryFieldInItsPlace) {
+  const Lines expected = {"Brivane 2000 VERSION_ 25 June 2000 ",
+                          "Génois d'été",
+                          "VERTICALCUT",
+                          "mould",
+                          "cut",
+                          " 12",
+                          "DIMENSIONS",
+                          " 5000.5",
+                          "-.125",
+                          " 6000.25",
+                          " 3000.75",
+                          " 2000.5",
+                          " .75",
+                          " 7000.125",
+                          "-.0625",
+                          " 17.25",
+                          "EDGES",
+                          "-10.5",
+                          " 41",
+                          " 250.5",
+                          " 42",
+                          " 17.5",
+                          " 43",
+                          "-13",
+                          " 44",
+                          "PROFIL",
+                          " 2.5",
+                          " 11.5",
+                          " 6.5",
+                          " .5",
+                          " 3.5",
+                          " 6.5",
+                          " .01",
+                          " .0625",
+                          " .125",
+                          " 5",
+                          " .3125",
+                          "CLOTH",
+                          " 1370",
+                          " 15",
+                          "EOF "};
+  EXPECT_EQ(SailDataText(OddSail()), Joined(expected));
+}
+
+TEST(SailDataText, KeepsItsLinesWhateverTheNamesHold) {
+  SailDefinition sail;
+  sail.SailName = "a\r\nb\tc";
+  EXPECT_EQ(SailDataText(sail), WithLine(2, "abc"));
+}
+
+TEST(SailDataFile, IsWrittenInCodePage1252) {
+  const TemporaryFolder folder;
+  WriteSailDataFile(folder.Path("a.bv3"), OddSail());
+  const std::string bytes = BytesOf(folder.Path("a.bv3"));
+  EXPECT_NE(bytes.find("\r\nG\xE9nois d'\xE9t\xE9\r\n"), std::string::npos);
+  EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 41);
+}
+
+TEST(SailDataFile, ComesBackAsItWas) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("a.bv3");
+  for (const SailDefinition& sail : {SailDefinition{}, OddSail()}) {
+    WriteSailDataFile(path, sail);
+    for (const char mark : {'.', ','}) {
+      SailDefinition read;
+      ReadSailDataFile(path, read, mark);
+      EXPECT_EQ(read, sail);
+    }
+  }
+}
+
+TEST(SailDataFile, ComesBackByteForByte) {
+  std::mt19937_64 random(11);
+  std::uniform_real_distribution<double> lengths(-9e5, 9e5);
+  for (int round = 0; round < 2000; ++round) {
+    SailDefinition sail = OddSail();
+    for (double* field : {&sail.LuffLength, &sail.LuffRake, &sail.GaffAngle, &sail.SailArea,
+                          &sail.LuffShape[1], &sail.LeechShape[2], &sail.TwistAngle})
+      *field = lengths(random) / (round % 2 == 0 ? 1 : 1e9);
+    const std::string text = SailDataText(sail);
+    ASSERT_EQ(SailDataText(ReadFrom(text, ',')), text);
+  }
+}
+
+TEST(SailDataFile, CannotBeReadWhereThereIsNone) {
+  const TemporaryFolder folder;
+  SailDefinition sail = OddSail();
+  EXPECT_THROW(ReadSailDataFile(folder.Path("none.bv3"), sail, '.'), FileError);
+  EXPECT_THROW(ReadSailDataFileV4(folder.Path("none.bv4"), sail), FileError);
+  EXPECT_THROW(ReadMouldFromFile(folder.Path("none.bv3"), sail), FileError);
+  EXPECT_THROW(WriteSailDataFile(folder.Path("none/a.bv3"), sail), FileError);
+  EXPECT_EQ(sail, OddSail());
+}
+
+// --- Reading ".bv3" ----------------------------------------------------------------------------
+
+TEST(ReadSailData, LeavesWhatIsNotStored) {
+  SailDefinition sail;
+  sail.ClewPoint = {1, 2, 3};
+  sail.PeakPoint = {4, 5, 6};
+  sail.FootAngle = 0.5;
+  ReadSailDataText(SailDataText(OddSail()), sail, '.');
+  SailDefinition expected = OddSail();
+  expected.ClewPoint = {1, 2, 3};
+  expected.PeakPoint = {4, 5, 6};
+  expected.FootAngle = 0.5;
+  EXPECT_EQ(sail, expected);
+}
+
+TEST(ReadSailData, TakesACommaForThePoint) {
+  EXPECT_EQ(ReadFrom(WithLine(8, "4550,5")).LuffLength, 4550.5);
+  EXPECT_EQ(ReadFrom(WithLine(31, " 3,5"), '.').LuffShape[1], 3.5);
+  EXPECT_EQ(ReadFrom(WithLine(31, " 3,5"), ',').LuffShape[1], 3.5);
+  EXPECT_EQ(ReadFrom(WithLine(2, "Smith, John")).SailName, "Smith. John");
+}
+
+TEST(ReadSailData, GoesByPositionAlone) {
+  Lines lines = DefaultLines();
+  for (const std::size_t keyword : {7, 17, 26, 38, 41}) lines[keyword - 1] = "999";
+  lines[0] = "anything";
+  EXPECT_EQ(ReadFrom(Joined(lines)), SailDefinition{});
+}
+
+TEST(ReadSailData, IsShiftedByAMissingLine) {
+  Lines lines = DefaultLines();
+  lines.erase(lines.begin() + 6);  // the keyword DIMENSIONS
+  const SailDefinition sail = ReadFrom(Joined(lines));
+  EXPECT_EQ(sail.LuffLength, 0.05);  // the line of the luff was thrown away
+  EXPECT_EQ(sail.LuffRake, 5750);
+  EXPECT_EQ(sail.SailArea, 0);
+  EXPECT_EQ(sail.LuffRound, 50);
+  EXPECT_EQ(sail.LuffRoundPos, -100);
+}
+
+TEST(ReadSailData, TakesZeroForMissingLines) {
+  Lines lines = DefaultLines();
+  lines.resize(8);
+  const SailDefinition sail = ReadFrom(Joined(lines));
+  EXPECT_EQ(sail.SailName, "Newsail");
+  EXPECT_EQ(sail.LuffLength, 4550);
+  EXPECT_EQ(sail.LuffRake, 0);
+  EXPECT_EQ(sail.GaffRound, 0);
+  EXPECT_EQ(sail.LuffShape[1], 0);
+  EXPECT_EQ(sail.ClothWidth, 0);
+}
+
+TEST(ReadSailData, TakesAnEmptyFile) {
+  const SailDefinition sail = ReadFrom("");
+  EXPECT_EQ(sail.SailName, "");
+  EXPECT_EQ(sail.CutType, "");
+  EXPECT_EQ(sail.LuffLength, 0);
+}
+
+TEST(ReadSailData, TakesOtherLineEndsAndControlCharacters) {
+  EXPECT_EQ(ReadFrom(Joined(DefaultLines(), "\n")), SailDefinition{});
+  EXPECT_EQ(ReadFrom(Joined(DefaultLines(), "\t\v\x1A\r\r\n")), SailDefinition{});
+  std::string text = Joined(DefaultLines());
+  text.resize(text.size() - 2);  // no end behind the last line
+  EXPECT_EQ(ReadFrom(text), SailDefinition{});
+}
+
+TEST(ReadSailData, RoundsWholeNumbersToTheEvenNeighbour) {
+  EXPECT_EQ(ReadFrom(WithLine(19, " 50.5")).LuffRoundPos, 50);
+  EXPECT_EQ(ReadFrom(WithLine(21, " 51.5")).LeechRoundPos, 52);
+  EXPECT_EQ(ReadFrom(WithLine(23, " 49.6")).FootRoundPos, 50);
+  EXPECT_EQ(ReadFrom(WithLine(24, "-12.5")).GaffRound, -12);
+  EXPECT_EQ(ReadFrom(WithLine(25, "-12.6")).GaffRoundPos, -13);
+  EXPECT_EQ(ReadFrom(WithLine(39, " 889.5")).ClothWidth, 890);
+  EXPECT_EQ(ReadFrom(WithLine(40, " 20.5")).SeamWidth, 20);
+  EXPECT_EQ(ReadFrom(WithLine(6, " 8.9")).PanelCount, 8);
+  EXPECT_EQ(ReadFrom(WithLine(6, "-8.1")).PanelCount, -9);
+  EXPECT_EQ(ReadFrom(WithLine(40, " 32767.4")).SeamWidth, 32767);
+}
+
+TEST(ReadSailData, RefusesWhatNoFieldCanTake) {
+  EXPECT_EQ(RefusalOf(WithLine(19, " 32768")), "Overflow (line 19, LuffRoundPos)");
+  EXPECT_EQ(RefusalOf(WithLine(24, "-32769")), "Overflow (line 24, GaffRound)");
+  EXPECT_EQ(RefusalOf(WithLine(6, " 40000")), "Overflow (line 6, PanelCount)");
+  EXPECT_EQ(RefusalOf(WithLine(40, " 32767.5")), "Overflow (line 40, SeamWidth)");
+  EXPECT_EQ(RefusalOf(WithLine(8, "1E999")), "Overflow (line 8, LuffLength)");
+  EXPECT_EQ(RefusalOf(WithLine(16, "-1D400")), "Overflow (line 16, SailArea)");
+  EXPECT_EQ(RefusalOf(WithLine(31, "1E999")), "Overflow (line 31, LuffShape)");
+  EXPECT_EQ(RefusalOf(WithLine(35, "1E309")), "Overflow (line 35, LeechShape)");
+}
+
+TEST(ReadSailData, TakesAnyOtherText) {
+  EXPECT_EQ(ReadFrom(WithLine(8, "nan")).LuffLength, 0);
+  EXPECT_EQ(ReadFrom(WithLine(8, "inf")).LuffLength, 0);
+  EXPECT_EQ(ReadFrom(WithLine(8, "-")).LuffLength, 0);
+  EXPECT_EQ(ReadFrom(WithLine(8, "1D5")).LuffLength, 100000);
+  EXPECT_EQ(ReadFrom(WithLine(8, " 4 5 5 0 mm")).LuffLength, 4550);
+  EXPECT_EQ(ReadFrom(WithLine(8, std::string(40, '1'))).LuffLength,
+            1111111111111111111111111111111111111111.0);
+}
+
+TEST(ReadSailData, TakesTheMiddleLuffShapeAsAWholeNumberText) {
+  EXPECT_EQ(ReadFrom(WithLine(31, "  3.5  ")).LuffShape[1], 3.5);
+  EXPECT_EQ(ReadFrom(WithLine(31, "")).LuffShape[1], 0);
+  EXPECT_EQ(RefusalOf(WithLine(31, "3x")), "Type mismatch (line 31, LuffShape)");
+  EXPECT_EQ(RefusalOf(WithLine(31, "nan"), ','), "Type mismatch (line 31, LuffShape)");
+  EXPECT_EQ(ReadFrom(WithLine(30, "3x")).LuffShape[0], 3);
+}
+
+TEST(ReadSailData, KeepsWhatWasReadBeforeAnError) {
+  SailDefinition sail;
+  std::string text = SailDataText(OddSail());
+  text.replace(text.find(" 42\r\n"), 3, " 1E9");  // line 21
+  EXPECT_THROW(ReadSailDataText(text, sail, '.'), ReadError);
+  EXPECT_EQ(sail.LeechRound, 250.5);
+  EXPECT_EQ(sail.LeechRoundPos, 60);
+  EXPECT_EQ(sail.FootRound, 170);
+  EXPECT_EQ(sail.ClothWidth, 890);
+}
+
+// --- Reading ".bv4" ----------------------------------------------------------------------------
+
+Lines OldLines(const std::string& year) {
+  Lines lines = {"Brivane VERSION_ 1 May " + year + "  ",
+                 "Old, sail",
+                 "CROSSCUT",
+                 "mould",
+                 "5000.9",
+                 "6000.9",
+                 "3000.9",
+                 "2000.9",
+                 ".75",
+                 "7000.9",
+                 "-.0625",
+                 "17.25",
+                 "-10.5",
+                 "41.5",
+                 "250.5",
+                 "42.5",
+                 "17.5",
+                 "43.5",
+                 "-13.5",
+                 "44.5",
+                 "11.5",
+                 "3.5",
+                 ".0625",
+                 "5",
+                 ".3125",
+                 "1370.9",
+                 "15.9",
+                 "12.9"};
+  if (year < "1999") {
+    lines.erase(lines.begin() + 19);  // the position of the gaff round
+    lines.erase(lines.begin() + 17);  // the position of the foot round
+  }
+  return lines;
+}
+
+SailDefinition OldSail() {
+  SailDefinition sail;
+  sail.SailName = "Old. sail";
+  sail.CutType = kCrossCut;
+  sail.MouldLabel = "mould";
+  sail.LuffLength = 5000;
+  sail.LuffRake = 0;
+  sail.DiagonalLength = 6000;
+  sail.FootLength = 3000;
+  sail.GaffLength = 2000;
+  sail.GaffAngle = 0.75;
+  sail.LeechLength = 7000;
+  sail.LeechAngle = -0.0625;
+  sail.SailArea = 17.25;
+  sail.LuffRound = -10.5;
+  sail.LuffRoundPos = 42;
+  sail.LeechRound = 250.5;
+  sail.LeechRoundPos = 42;
+  sail.FootRound = 17.5;
+  sail.FootRoundPos = 44;
+  sail.GaffRound = -14;
+  sail.GaffRoundPos = 44;
+  sail.Depth = {0, 11.5, 0.9 * 11.5};
+  sail.LuffShape = {0, 3.5, 3.5};
+  sail.LeechShape = {0, 0.0625, 0.0625};
+  sail.DepthPosition = 5;
+  sail.TwistAngle = 0.3125;
+  sail.ClothWidth = 1370;
+  sail.SeamWidth = 15;
+  sail.PanelCount = 12;
+  return sail;
+}
+
+TEST(ReadOldSailData, Takes28LinesFrom1999On) {
+  for (const char* year : {"1999", "2000"}) {
+    const Lines lines = OldLines(year);
+    ASSERT_EQ(lines.size(), 28U);
+    SailDefinition sail;
+    ReadSailDataTextV4(Joined(lines), sail);
+    EXPECT_EQ(sail, OldSail()) << year;
+  }
+}
+
+TEST(ReadOldSailData, Takes26LinesBefore) {
+  const Lines lines = OldLines("1998");
+  ASSERT_EQ(lines.size(), 26U);
+  SailDefinition sail;
+  sail.FootRoundPos = sail.GaffRoundPos = 7;
+  ReadSailDataTextV4(Joined(lines), sail);
+  SailDefinition expected = OldSail();
+  expected.FootRoundPos = expected.GaffRoundPos = 50;
+  EXPECT_EQ(sail, expected);
+}
+
+TEST(ReadOldSailData, TakesAHeaderWithoutAYearForAnOldOne) {
+  for (const char* header : {"", "   ", "98", "no year"}) {
+    Lines lines = OldLines("1998");
+    lines[0] = header;
+    SailDefinition sail;
+    ReadSailDataTextV4(Joined(lines), sail);
+    EXPECT_EQ(sail.GaffRoundPos, 50) << header;
+    EXPECT_EQ(sail.SeamWidth, 15) << header;
+  }
+}
+
+TEST(ReadOldSailData, RefusesWhatNoFieldCanTake) {
+  Lines lines = OldLines("1999");
+  lines[25] = "32768";
+  SailDefinition sail;
+  try {
+    ReadSailDataTextV4(Joined(lines), sail);
+    FAIL() << "nothing was refused";
+  } catch (const ReadError& error) {
+    EXPECT_STREQ(error.what(), "Overflow (line 26, ClothWidth)");
+  }
+  EXPECT_EQ(sail.TwistAngle, 0.3125);
+  EXPECT_EQ(sail.LuffRake, 0.05);  // the record is completed at the end alone
+  EXPECT_EQ(sail.SeamWidth, 20);
+}
+
+TEST(ReadOldSailData, ReadsAFile) {
+  const TemporaryFolder folder;
+  PutBytes(folder.Path("a.bv4"), Joined(OldLines("1999")));
+  SailDefinition sail;
+  ReadSailDataFileV4(folder.Path("a.bv4"), sail);
+  EXPECT_EQ(sail, OldSail());
+}
+
+// --- Reading the mould -------------------------------------------------------------------------
+
+TEST(ReadMould, StartsOneLineEarly) {
+  SailDefinition sail = OddSail();
+  ReadMouldFromText(Joined(DefaultLines()), sail);
+  SailDefinition expected = OddSail();
+  expected.Depth = {0, 3, 10};
+  expected.LuffShape = {5, 0, 3};
+  expected.LeechShape = {6, 0, 0.06};
+  expected.DepthPosition = 0.08;
+  expected.TwistAngle = 4;
+  EXPECT_EQ(sail, expected);
+  ApplyDepthLimits(sail);
+  EXPECT_EQ(sail.Depth, (std::array<double, 3>{0, 5, 5}));
+}
+
+TEST(ReadMould, ReadsAFileAndRefusesAnOverflow) {
+  const TemporaryFolder folder;
+  PutBytes(folder.Path("a.bv3"), WithLine(28, "1E400"));
+  SailDefinition sail;
+  try {
+    ReadMouldFromFile(folder.Path("a.bv3"), sail);
+    FAIL() << "nothing was refused";
+  } catch (const ReadError& error) {
+    EXPECT_STREQ(error.what(), "Overflow (line 28, Depth)");
+  }
+  EXPECT_EQ(sail.Depth, (std::array<double, 3>{0, 3, 5}));
+  EXPECT_EQ(sail.TwistAngle, 0.21);
+}
+
+// --- Lines and names ---------------------------------------------------------------------------
+
+TEST(ReadFileLine, DropsControlCharactersAndReplacesCommas) {
+  std::string_view rest = "a\tb,c\r\n\nlast";
+  FileLine line = ReadFileLine(rest);
+  EXPECT_EQ(line.Text, "ab.c");
+  EXPECT_FALSE(line.EndOfFile);
+  line = ReadFileLine(rest);
+  EXPECT_EQ(line.Text, "");
+  EXPECT_FALSE(line.EndOfFile);
+  line = ReadFileLine(rest);
+  EXPECT_EQ(line.Text, "last");
+  EXPECT_TRUE(line.EndOfFile);
+  for (int each = 0; each < 3; ++each) {
+    line = ReadFileLine(rest);
+    EXPECT_EQ(line.Text, "");
+    EXPECT_TRUE(line.EndOfFile);
+  }
+}
+
+TEST(ReadFileLine, CutsALineOffAt4096Characters) {
+  std::string text = std::string(5000, 'x') + "\nnext";
+  std::string_view rest = text;
+  EXPECT_EQ(ReadFileLine(rest).Text, std::string(4096, 'x'));
+  EXPECT_EQ(ReadFileLine(rest).Text, "next");
+  text = std::string(4095, 'x') + "é€";
+  rest = text;
+  EXPECT_EQ(ReadFileLine(rest).Text, std::string(4095, 'x') + "é");
+  text = std::string(4096, 'x') + "\n";
+  rest = text;
+  EXPECT_EQ(ReadFileLine(rest).Text.size(), 4096U);
+}
+
+TEST(SailFileKind, GoesByTheLastThreeCharacters) {
+  EXPECT_EQ(SailFileKindOf("Main.bv3"), SailFileKind::Sail);
+  EXPECT_EQ(SailFileKindOf("Main.BV3"), SailFileKind::Sail);
+  EXPECT_EQ(SailFileKindOf("Main.bV4"), SailFileKind::OldSail);
+  EXPECT_EQ(SailFileKindOf("Mainbv4"), SailFileKind::OldSail);
+  for (const char* name : {"Main.bv5", "Main.bv3 ", "bv", "", "Main", "Main.\xC3\xA9"})
+    EXPECT_EQ(SailFileKindOf(name), SailFileKind::Unknown) << name;
+}
+
+TEST(SailNameOfFile, DropsFourCharacters) {
+  EXPECT_EQ(SailNameOfFile("Main.bv3"), "Main");
+  EXPECT_EQ(SailNameOfFile("bv3"), "");
+  EXPECT_EQ(SailNameOfFile(""), "");
+}
+
+TEST(Titles, AreTheOnesOfTheMessageBoxes) {
+  EXPECT_EQ(kWriteSailDataTitle, " : Writing eData2");
+  EXPECT_EQ(kReadSailDataV4Title, " : Reading data ");
+  EXPECT_EQ(kReadSailDataTitle, " : Reading data file");
+  EXPECT_EQ(kReadMouldTitle, " : Reading mould data file");
+  EXPECT_EQ(kPathAccessText, "Trying to write over a Read Only File or an invalid Path");
+}
+
+}  // namespace
+}  // namespace brivane

@@ -1,0 +1,525 @@
+#include "model/text_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "model/failures.h"
+#include "model/file_faults.h"
+#include "model/temporary_folder.h"
+
+namespace brivane {
+namespace {
+
+namespace fs = std::filesystem;
+using enum FileErrorKind;
+
+std::optional<FileError> FaultOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const FileError& error) {
+    return error;
+  }
+  return std::nullopt;
+}
+
+void ExpectFault(const std::function<void()>& action, FileErrorKind kind, FileStep step,
+                 std::size_t bytes = 0) {
+  const std::optional<FileError> fault = FaultOf(action);
+  ASSERT_TRUE(fault.has_value()) << "nothing failed";
+  EXPECT_EQ(static_cast<int>(fault->Kind), static_cast<int>(kind)) << fault->what();
+  EXPECT_EQ(static_cast<int>(fault->Step), static_cast<int>(step)) << fault->what();
+  EXPECT_EQ(fault->BytesWritten, bytes);
+  EXPECT_EQ(fault->IsPathAccess(), kind != Other);
+  EXPECT_STRNE(fault->what(), "");
+}
+
+mode_t ModeOf(const std::string& path) {
+  struct stat status {};
+  EXPECT_EQ(stat(path.c_str(), &status), 0);
+  return status.st_mode & 07777;
+}
+
+/// Holds the size of files that the process writes, as a full disk does.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit limit = {bytes, old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, oldHandler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit old_{};
+  void (*oldHandler_)(int) = nullptr;
+};
+
+/// A socket that a path leads to.
+class SocketFile {
+ public:
+  explicit SocketFile(const std::string& path) : descriptor_(socket(AF_UNIX, SOCK_STREAM, 0)) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    EXPECT_EQ(bind(descriptor_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  }
+  ~SocketFile() { close(descriptor_); }
+  SocketFile(const SocketFile&) = delete;
+  SocketFile& operator=(const SocketFile&) = delete;
+
+ private:
+  int descriptor_;
+};
+
+using Writer = void (*)(const std::string&, std::string_view);
+
+// --- Both ways of writing ----------------------------------------------------------------------
+
+class BothWriters : public testing::TestWithParam<Writer> {
+ protected:
+  void Write(const std::string& path, std::string_view text) { GetParam()(path, text); }
+  TemporaryFolder folder;
+};
+
+TEST_P(BothWriters, WriteCodePage1252) {
+  Write(folder.Path("a.txt"), "été €\r\n帆\r\n");
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "\xE9t\xE9 \x80\r\n?\r\n");
+  EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST_P(BothWriters, ReplaceALongerFile) {
+  PutBytes(folder.Path("a.txt"), std::string(5000, 'x'));
+  Write(folder.Path("a.txt"), "new");
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "new");
+}
+
+TEST_P(BothWriters, WriteAnEmptyText) {
+  Write(folder.Path("a.txt"), "");
+  EXPECT_TRUE(fs::exists(folder.Path("a.txt")));
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "");
+}
+
+TEST_P(BothWriters, GoOnAfterInterruptedAndShortWrites) {
+  const ShortWrites shortly(7);
+  const SystemFault interrupted(SystemCall::Write, EINTR, 2, 3);
+  const std::string text(1000, 'y');
+  Write(folder.Path("a.txt"), text);
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), text);
+  EXPECT_EQ(interrupted.Struck(), 3);
+}
+
+TEST_P(BothWriters, GoOnAfterAnInterruptedOpenAndClose) {
+  {
+    const SystemFault interrupted(SystemCall::Open, EINTR, 0, 2);
+    Write(folder.Path("a.txt"), "one");
+    EXPECT_EQ(interrupted.Struck(), 2);
+  }
+  const SystemFault interrupted(SystemCall::Close, EINTR);
+  Write(folder.Path("a.txt"), "two");
+  EXPECT_EQ(interrupted.Struck(), 1);
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "two");
+}
+
+TEST_P(BothWriters, TakeNamesOf255Bytes) {
+  const std::string path = folder.Path(std::string(251, 'n') + ".bv3");
+  Write(path, "text");
+  EXPECT_EQ(BytesOf(path), "text");
+  ExpectFault([&] { Write(folder.Path(std::string(256, 'n')), "text"); }, NoSuchFolder,
+              FileStep::Opening);
+}
+
+TEST_P(BothWriters, TakeNamesInUtf8AndWithoutFolder) {
+  Write(folder.Path("Génois été 帆.bv3"), "text");
+  EXPECT_EQ(BytesOf(folder.Path("Génois été 帆.bv3")), "text");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.Path(""));
+  Write("plain.txt", "here");
+  fs::current_path(before);
+  EXPECT_EQ(BytesOf(folder.Path("plain.txt")), "here");
+}
+
+TEST_P(BothWriters, RefuseAFolder) {
+  fs::create_directory(folder.Path("sub"));
+  ExpectFault([&] { Write(folder.Path("sub"), "x"); }, IsAFolder, FileStep::Opening);
+  ExpectFault([&] { Write(folder.Path(""), "x"); }, IsAFolder, FileStep::Opening);
+  EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST_P(BothWriters, RefusePathsThatLeadNowhere) {
+  ExpectFault([&] { Write(folder.Path("none/a.txt"), "x"); }, NoSuchFolder, FileStep::Opening);
+  ExpectFault([&] { Write("", "x"); }, NoSuchFolder, FileStep::Opening);
+  ExpectFault([&] { Write(folder.Path(std::string("a\0b", 3)), "x"); }, NoSuchFolder,
+              FileStep::Opening);
+  PutBytes(folder.Path("file"), "old");
+  ExpectFault([&] { Write(folder.Path("file/a.txt"), "x"); }, NoSuchFolder, FileStep::Opening);
+  EXPECT_EQ(BytesOf(folder.Path("file")), "old");
+  EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST_P(BothWriters, RefuseAPipeWithoutWaitingAndASocket) {
+  ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+  ExpectFault([&] { Write(folder.Path("pipe"), "x"); }, NotARegularFile, FileStep::Opening);
+  const SocketFile socket(folder.Path("socket"));
+  ExpectFault([&] { Write(folder.Path("socket"), "x"); }, NotARegularFile, FileStep::Opening);
+}
+
+TEST_P(BothWriters, RefuseAFileWithoutWritePermissionEvenForTheSuperuser) {
+  const std::string path = folder.Path("a.txt");
+  PutBytes(path, "old");
+  ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+  ExpectFault([&] { Write(path, "x"); }, ReadOnly, FileStep::Opening);
+  EXPECT_EQ(BytesOf(path), "old");
+  EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST_P(BothWriters, RefuseAReadOnlyFolder) {
+  if (geteuid() == 0) GTEST_SKIP() << "the superuser may write to any folder";
+  fs::create_directory(folder.Path("sub"));
+  ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0555), 0);
+  ExpectFault([&] { Write(folder.Path("sub/a.txt"), "x"); }, NoPermission, FileStep::Opening);
+  ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0755), 0);
+}
+
+TEST_P(BothWriters, TellTheCauseOfARefusedOpening) {
+  const std::pair<int, FileErrorKind> causes[] = {{EACCES, NoPermission},
+                                                  {EPERM, NoPermission},
+                                                  {EROFS, ReadOnly},
+                                                  {ENXIO, NotARegularFile},
+                                                  {ENODEV, NotARegularFile},
+                                                  {EISDIR, IsAFolder},
+                                                  {ENAMETOOLONG, NoSuchFolder},
+                                                  {ELOOP, NoSuchFolder},
+                                                  {ENOSPC, Other},
+                                                  {EMFILE, Other},
+                                                  {EDQUOT, Other}};
+  for (const auto& [code, kind] : causes) {
+    const SystemFault fault(SystemCall::Open, code);
+    ExpectFault([&] { Write(folder.Path("a.txt"), "x"); }, kind, FileStep::Opening);
+  }
+  EXPECT_EQ(folder.Entries(), 0U);
+}
+
+TEST_P(BothWriters, FollowALink) {
+  fs::create_directory(folder.Path("sub"));
+  PutBytes(folder.Path("sub/real.txt"), "old");
+  fs::create_symlink("sub/real.txt", folder.Path("relative"));
+  fs::create_symlink(folder.Path("relative"), folder.Path("absolute"));
+  Write(folder.Path("absolute"), "new");
+  EXPECT_TRUE(fs::is_symlink(folder.Path("absolute")));
+  EXPECT_TRUE(fs::is_symlink(folder.Path("relative")));
+  EXPECT_EQ(BytesOf(folder.Path("sub/real.txt")), "new");
+  fs::create_symlink("fresh.txt", folder.Path("dangling"));
+  Write(folder.Path("dangling"), "made");
+  EXPECT_TRUE(fs::is_symlink(folder.Path("dangling")));
+  EXPECT_EQ(BytesOf(folder.Path("fresh.txt")), "made");
+}
+
+TEST_P(BothWriters, RefuseLinksInACircle) {
+  fs::create_symlink("b", folder.Path("a"));
+  fs::create_symlink("a", folder.Path("b"));
+  ExpectFault([&] { Write(folder.Path("a"), "x"); }, NoSuchFolder, FileStep::Opening);
+  EXPECT_EQ(folder.Entries(), 2U);
+}
+
+TEST_P(BothWriters, MakeNewFilesWithTheModeOfTheProcess) {
+  const mode_t before = umask(027);
+  Write(folder.Path("a.txt"), "x");
+  umask(before);
+  EXPECT_EQ(ModeOf(folder.Path("a.txt")), 0640U);
+}
+
+TEST_P(BothWriters, KeepTheModeOfAnOldFile) {
+  PutBytes(folder.Path("a.txt"), "old");
+  for (const mode_t mode : {0600U, 0664U, 0777U}) {
+    ASSERT_EQ(chmod(folder.Path("a.txt").c_str(), mode), 0);
+    Write(folder.Path("a.txt"), "new");
+    EXPECT_EQ(ModeOf(folder.Path("a.txt")), mode);
+  }
+}
+
+TEST_P(BothWriters, KeepTheOwnerOfAnOldFile) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
+  const std::string path = folder.Path("a.txt");
+  PutBytes(path, "old");
+  ASSERT_EQ(chown(path.c_str(), 1234, 2345), 0);
+  Write(path, "new");
+  struct stat status {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, 1234U);
+  EXPECT_EQ(status.st_gid, 2345U);
+}
+
+INSTANTIATE_TEST_SUITE_P(TextFile, BothWriters, testing::Values(&WritePlainFile, &WriteFileSafely),
+                         [](const auto& suite) { return suite.index == 0 ? "Plain" : "Safe"; });
+
+// --- Plain writing -----------------------------------------------------------------------------
+
+TEST(WritePlainFile, LeavesAndTellsWhatHadBeenWritten) {
+  const TemporaryFolder folder;
+  const ShortWrites shortly(4);
+  const SystemFault fault(SystemCall::Write, ENOSPC, 2);
+  ExpectFault([&] { WritePlainFile(folder.Path("a.txt"), "éé34567890"); }, Other, FileStep::Writing,
+              8);
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")),
+            "\xE9\xE9"
+            "345678");
+}
+
+TEST(WritePlainFile, TellsAWriteThatGoesNowhere) {
+  const TemporaryFolder folder;
+  const ShortWrites never(0);
+  ExpectFault([&] { WritePlainFile(folder.Path("a.txt"), "x"); }, Other, FileStep::Writing);
+}
+
+TEST(WritePlainFile, TellsAFailingClose) {
+  const TemporaryFolder folder;
+  const SystemFault fault(SystemCall::Close, EIO);
+  ExpectFault([&] { WritePlainFile(folder.Path("a.txt"), "12345"); }, Other, FileStep::Closing, 5);
+}
+
+TEST(WritePlainFile, TellsAFileThatCannotBeSetUp) {
+  const TemporaryFolder folder;
+  for (const int skipped : {0, 1}) {
+    const SystemFault fault(SystemCall::Control, EBADF, skipped);
+    ExpectFault([&] { WritePlainFile(folder.Path("a.txt"), "x"); }, Other, FileStep::Opening);
+  }
+}
+
+TEST(WritePlainFile, TellsAFullDisk) {
+  ExpectFault([] { WritePlainFile("/dev/full", "x"); }, Other, FileStep::Writing);
+  const TemporaryFolder folder;
+  std::optional<FileSizeLimit> limit(std::in_place, 100);
+  const auto fault = FaultOf([&] { WritePlainFile(folder.Path("a"), std::string(300, 'x')); });
+  limit.reset();
+  ASSERT_TRUE(fault.has_value());
+  EXPECT_EQ(fault->BytesWritten, 100U);
+  EXPECT_EQ(BytesOf(folder.Path("a")), std::string(100, 'x'));
+}
+
+TEST(WritePlainFile, WritesToADevice) { EXPECT_NO_THROW(WritePlainFile("/dev/null", "x")); }
+
+// --- Safe writing ------------------------------------------------------------------------------
+
+class SafeWriting : public testing::Test {
+ protected:
+  SafeWriting() { PutBytes(path, "the old sail"); }
+
+  /// The fault must leave the old file as it was and nothing else.
+  void ExpectOldFileWhole(FileErrorKind kind, FileStep step, std::size_t bytes = 0) {
+    ExpectFault([&] { WriteFileSafely(path, "a new sail"); }, kind, step, bytes);
+    EXPECT_EQ(BytesOf(path), "the old sail");
+    EXPECT_EQ(folder.Entries(), 1U);
+  }
+
+  TemporaryFolder folder;
+  std::string path = folder.Path("sail.bv3");
+};
+
+TEST_F(SafeWriting, SurvivesAFailingWrite) {
+  const ShortWrites shortly(4);
+  const SystemFault fault(SystemCall::Write, ENOSPC, 1);
+  ExpectOldFileWhole(Other, FileStep::Writing, 4);
+}
+
+TEST_F(SafeWriting, SurvivesAFullDisk) {
+  const FileSizeLimit limit(3);
+  ExpectOldFileWhole(Other, FileStep::Writing, 3);
+}
+
+TEST_F(SafeWriting, SurvivesAFailingFlush) {
+  const SystemFault fault(SystemCall::Flush, EIO);
+  ExpectOldFileWhole(Other, FileStep::Closing, 10);
+}
+
+TEST_F(SafeWriting, SurvivesAFailingClose) {
+  const SystemFault fault(SystemCall::Close, EDQUOT);
+  ExpectOldFileWhole(Other, FileStep::Closing, 10);
+}
+
+TEST_F(SafeWriting, SurvivesAFailingRename) {
+  const SystemFault fault(SystemCall::Rename, EROFS);
+  ExpectOldFileWhole(ReadOnly, FileStep::Closing);
+}
+
+TEST_F(SafeWriting, SurvivesAModeThatCannotBeKept) {
+  ASSERT_EQ(chmod(path.c_str(), 0600), 0);
+  const SystemFault fault(SystemCall::ChangeMode, EPERM);
+  ExpectOldFileWhole(NoPermission, FileStep::Opening);
+}
+
+TEST_F(SafeWriting, SurvivesAStatusThatCannotBeRead) {
+  for (const int skipped : {0, 1}) {
+    const SystemFault fault(SystemCall::Status, EIO, skipped);
+    ExpectOldFileWhole(Other, FileStep::Opening);
+  }
+}
+
+TEST_F(SafeWriting, RefusesAFileThatTheUserMayNotWrite) {
+  const SystemFault fault(SystemCall::Access, EACCES);
+  ExpectOldFileWhole(NoPermission, FileStep::Opening);
+}
+
+TEST_F(SafeWriting, GoesOnAfterAnInterruptedFlush) {
+  const SystemFault fault(SystemCall::Flush, EINTR, 0, 3);
+  WriteFileSafely(path, "a new sail");
+  EXPECT_EQ(fault.Struck(), 3);
+  EXPECT_EQ(BytesOf(path), "a new sail");
+}
+
+TEST_F(SafeWriting, TellsAFolderThatCannotBeFlushed) {
+  const SystemFault fault(SystemCall::Flush, EIO, 1);
+  ExpectFault([&] { WriteFileSafely(path, "a new sail"); }, Other, FileStep::Closing);
+  EXPECT_EQ(BytesOf(path), "a new sail");
+  EXPECT_EQ(folder.Entries(), 1U);
+}
+
+TEST_F(SafeWriting, IsContentWhereAFolderCanNotBeFlushedAtAll) {
+  {
+    const SystemFault fault(SystemCall::Flush, EINVAL, 1);
+    WriteFileSafely(path, "a new sail");
+    EXPECT_EQ(fault.Struck(), 1);
+  }
+  const SystemFault fault(SystemCall::Open, EACCES, 1);
+  WriteFileSafely(path, "another");
+  EXPECT_EQ(fault.Struck(), 1);
+  EXPECT_EQ(BytesOf(path), "another");
+}
+
+TEST_F(SafeWriting, IsContentWhereTheOwnerCannotBeKept) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
+  ASSERT_EQ(chown(path.c_str(), 1234, 2345), 0);
+  const SystemFault fault(SystemCall::ChangeOwner, EPERM);
+  WriteFileSafely(path, "a new sail");
+  EXPECT_EQ(fault.Struck(), 1);
+  EXPECT_EQ(BytesOf(path), "a new sail");
+}
+
+TEST_F(SafeWriting, PassesLeftoversOfItsOwnName) {
+  const std::string stem = folder.Path(".brivane-" + std::to_string(getpid()) + "-");
+  PutBytes(stem + "0.tmp", "left over");
+  PutBytes(stem + "1.tmp", "left over");
+  WriteFileSafely(path, "a new sail");
+  EXPECT_EQ(BytesOf(path), "a new sail");
+  EXPECT_EQ(BytesOf(stem + "0.tmp"), "left over");
+  EXPECT_EQ(folder.Entries(), 3U);
+}
+
+TEST_F(SafeWriting, GivesUpWhereEveryNameIsTaken) {
+  const SystemFault fault(SystemCall::Open, EEXIST, 0, 1000);
+  ExpectOldFileWhole(Other, FileStep::Opening);
+}
+
+TEST_F(SafeWriting, RefusesADevice) {
+  ExpectFault([] { WriteFileSafely("/dev/full", "x"); }, NotARegularFile, FileStep::Opening);
+  ExpectFault([] { WriteFileSafely("/dev/null", "x"); }, NotARegularFile, FileStep::Opening);
+}
+
+TEST_F(SafeWriting, LeavesOtherHardLinksAlone) {
+  fs::create_hard_link(path, folder.Path("copy.bv3"));
+  WriteFileSafely(path, "a new sail");
+  EXPECT_EQ(BytesOf(path), "a new sail");
+  EXPECT_EQ(BytesOf(folder.Path("copy.bv3")), "the old sail");
+}
+
+// --- Reading -----------------------------------------------------------------------------------
+
+class Reading : public testing::Test {
+ protected:
+  std::string ReadBytes(const std::string& bytes) {
+    PutBytes(folder.Path("a.txt"), bytes);
+    return ReadWholeFile(folder.Path("a.txt"));
+  }
+  TemporaryFolder folder;
+};
+
+TEST_F(Reading, TakesCodePage1252) {
+  EXPECT_EQ(ReadBytes("\xE9t\xE9\r\n"), "été\r\n");
+  EXPECT_EQ(ReadBytes(""), "");
+  EXPECT_EQ(ReadBytes(std::string("a\0b", 3)), std::string("a\0b", 3));
+}
+
+TEST_F(Reading, TakesUtf8BehindAByteOrderMark) {
+  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF"
+                      "été"),
+            "été");
+  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF\xE9t\xE9"), "été");
+  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF"), "");
+}
+
+TEST_F(Reading, TakesAFileOfOneMebibyteAndNoMore) {
+  EXPECT_EQ(ReadBytes(std::string(kLargestFile, 'x')).size(), kLargestFile);
+  ExpectFault([&] { ReadBytes(std::string(kLargestFile + 1, 'x')); }, Other, FileStep::Reading);
+}
+
+TEST_F(Reading, StopsAtAFileThatGrows) {
+  PutBytes(folder.Path("a.txt"), "x");
+  // The kernel tells a size of 0 for its own files, however much they hold.
+  EXPECT_FALSE(ReadWholeFile("/proc/self/maps").empty());
+}
+
+TEST_F(Reading, RefusesWhatIsNoRegularFile) {
+  ExpectFault([&] { ReadWholeFile(folder.Path("")); }, IsAFolder, FileStep::Opening);
+  ExpectFault([] { ReadWholeFile("/dev/zero"); }, NotARegularFile, FileStep::Opening);
+  ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
+  ExpectFault([&] { ReadWholeFile(folder.Path("pipe")); }, NotARegularFile, FileStep::Opening);
+  const SocketFile socket(folder.Path("socket"));
+  ExpectFault([&] { ReadWholeFile(folder.Path("socket")); }, NotARegularFile, FileStep::Opening);
+}
+
+TEST_F(Reading, TellsWhyAFileCannotBeOpened) {
+  ExpectFault([&] { ReadWholeFile(folder.Path("none")); }, NoSuchFolder, FileStep::Opening);
+  ExpectFault([] { ReadWholeFile(""); }, NoSuchFolder, FileStep::Opening);
+  PutBytes(folder.Path("a.txt"), "x");
+  const SystemFault fault(SystemCall::Open, EACCES);
+  ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, NoPermission, FileStep::Opening);
+}
+
+TEST_F(Reading, TellsAFailingReadAndStatus) {
+  PutBytes(folder.Path("a.txt"), "x");
+  {
+    const SystemFault fault(SystemCall::Read, EIO);
+    ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, Other, FileStep::Reading);
+  }
+  const SystemFault fault(SystemCall::Status, EIO);
+  ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, Other, FileStep::Opening);
+}
+
+TEST_F(Reading, GoesOnAfterAnInterruptedRead) {
+  PutBytes(folder.Path("a.txt"), "whole");
+  const SystemFault fault(SystemCall::Read, EINTR, 0, 2);
+  EXPECT_EQ(ReadWholeFile(folder.Path("a.txt")), "whole");
+  EXPECT_EQ(fault.Struck(), 2);
+}
+
+TEST_F(Reading, FollowsALink) {
+  PutBytes(folder.Path("a.txt"), "whole");
+  fs::create_symlink("a.txt", folder.Path("link"));
+  EXPECT_EQ(ReadWholeFile(folder.Path("link")), "whole");
+}
+
+TEST_F(Reading, ReturnsWhatWasWritten) {
+  const std::string text = "Génois €\r\n\r\n 1\r\n";
+  WriteFileSafely(folder.Path("a.txt"), text);
+  EXPECT_EQ(ReadWholeFile(folder.Path("a.txt")), text);
+}
+
+}  // namespace
+}  // namespace brivane
