@@ -1,0 +1,186 @@
+#include "patches/patch_outline.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "geometry/outline.h"
+#include "model/failures.h"
+
+namespace brivane {
+namespace {
+
+// A luff of 4000 mm with a round of 100 mm at its middle, where the round is a parabola:
+// 4·t·(1 − t). Foot straight from the tack to the clew.
+Sail RoundedSail() {
+  Sail sail;
+  SailDefinition& definition = sail.Definition;
+  definition.LuffLength = 4000;
+  definition.ClewPoint = {3000, 0, 0};
+  definition.PeakPoint = {1500, 5000, 0};
+  definition.LuffRound = 100;
+  definition.LuffRoundPos = 50;
+  definition.FootRound = 50;
+  definition.FootRoundPos = 50;
+  definition.GaffRound = 0;
+  definition.LeechRound = 0;
+  sail.Patches.PatchHeight = {10, 20, 10, 10};
+  sail.Patches.PatchWidth = {10, 40, 10, 10};
+  return sail;
+}
+
+void ExpectPoint(const PlanePoint& point, double x, double y) {
+  EXPECT_NEAR(point.x, x, 1e-9);
+  EXPECT_NEAR(point.y, y, 1e-9);
+}
+
+TEST(PatchOutline, FollowsTheRoundsOfBothEdges) {
+  const auto outline = PatchOutline(RoundedSail(), PatchCorner::Tack, 0);
+  ASSERT_EQ(outline.size(), 61u);
+  ExpectPoint(outline[0], 0, 0);
+  // Half way up the side: a tenth of the luff, outward to the left by 100·4·0.1·0.9.
+  ExpectPoint(outline[10], -36, 400);
+  // Its end: a fifth of the luff.
+  ExpectPoint(outline[20], -64, 800);
+  // The other side ends at two fifths of the foot, below it by 50·4·0.4·0.6.
+  ExpectPoint(outline[40], 1200, -48);
+  ExpectPoint(outline[50], 600, -32);
+  ExpectPoint(outline[60], 0, 0);
+}
+
+TEST(PatchOutline, TheUpperLayerGoesFourFifthsAsFarOnTheSameEdges) {
+  const auto outline = PatchOutline(RoundedSail(), PatchCorner::Tack, 1);
+  // 16 % of the luff: 100·4·0.16·0.84; 32 % of the foot: 50·4·0.32·0.68.
+  ExpectPoint(outline[20], -53.76, 640);
+  ExpectPoint(outline[40], 960, -43.52);
+}
+
+TEST(PatchOutline, EachCornerTakesItsOwnEdges) {
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = sail.Definition.FootRound = 0;
+  const auto ends = [&](PatchCorner corner) {
+    const auto outline = PatchOutline(sail, corner, 0);
+    return std::array<PlanePoint, 3>{outline[0], outline[20], outline[40]};
+  };
+  const auto clew = ends(PatchCorner::Clew);
+  ExpectPoint(clew[0], 3000, 0);
+  ExpectPoint(clew[1], 2850, 500);  // a tenth of the leech
+  ExpectPoint(clew[2], 2700, 0);    // a tenth of the foot
+  const auto head = ends(PatchCorner::Head);
+  ExpectPoint(head[0], 0, 4000);
+  ExpectPoint(head[1], 0, 3600);    // of the luff
+  ExpectPoint(head[2], 150, 4100);  // of the gaff
+  const auto peak = ends(PatchCorner::Peak);
+  ExpectPoint(peak[0], 1500, 5000);
+  ExpectPoint(peak[1], 1650, 4500);  // of the leech
+  ExpectPoint(peak[2], 1350, 4900);  // of the gaff
+}
+
+TEST(PatchOutline, HeightAndWidthAreTheSizesOfTheirOwnCorner) {
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = sail.Definition.FootRound = 0;
+  sail.Patches.PatchHeight = {1, 2, 3, 4};
+  sail.Patches.PatchWidth = {5, 6, 7, 8};
+  const auto at = [&](PatchCorner corner, std::size_t index) {
+    return PatchOutline(sail, corner, 0)[index];
+  };
+  EXPECT_NEAR(at(PatchCorner::Clew, 20).y, 50, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Clew, 40).x, 2850, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Tack, 20).y, 80, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Tack, 40).x, 180, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Head, 20).y, 3880, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Head, 40).x, 105, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Peak, 20).y, 4800, 1e-9);
+  EXPECT_NEAR(at(PatchCorner::Peak, 40).x, 1380, 1e-9);
+}
+
+TEST(PatchOutline, TheInnerEdgeBendsTowardsTheCorner) {
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = sail.Definition.FootRound = 0;
+  const auto outline = PatchOutline(sail, PatchCorner::Tack, 0);
+  // On straight edges a parabola between the ends (0, 800) and (1200, 0), control point at 0.35 of
+  // both: the middle at 0.25 + 0.35/2.
+  ExpectPoint(outline[30], 0.425 * 1200, 0.425 * 800);
+  for (std::size_t k = 21; k < 40; ++k) {
+    const double share = outline[k].x / 1200 + outline[k].y / 800;
+    EXPECT_LT(share, 1);
+    EXPECT_GT(share, 0.84);
+  }
+  // Hollow everywhere: every turn is to the same side, away from the turn at the corners.
+  for (std::size_t k = 21; k < 40; ++k) {
+    const PlanePoint in = outline[k] - outline[k - 1];
+    const PlanePoint out = outline[k + 1] - outline[k];
+    EXPECT_GT(Cross(in, out), 0) << k;
+  }
+}
+
+TEST(PatchOutline, NoPeakPatchWithoutAGaff) {
+  SailDefinition sail;
+  EXPECT_EQ(PatchedCorners(sail), (std::vector<PatchCorner>{PatchCorner::Clew, PatchCorner::Tack,
+                                                            PatchCorner::Head, PatchCorner::Peak}));
+  sail.GaffLength = 6;
+  EXPECT_EQ(PatchedCorners(sail).size(), 4u);
+  sail.GaffLength = 5.9;
+  EXPECT_EQ(PatchedCorners(sail),
+            (std::vector<PatchCorner>{PatchCorner::Clew, PatchCorner::Tack, PatchCorner::Head}));
+}
+
+TEST(PatchOutline, TheHeadOfATriangularSailRunsDownTheLeech) {
+  Sail sail;
+  sail.Definition.GaffLength = 0;
+  sail.Definition.LeechRound = 0;
+  ComputeOutline(sail.Definition);
+  const auto outline = PatchOutline(sail, PatchCorner::Head, 0);
+  ASSERT_EQ(outline.size(), 62u);
+  const Corner& peak = sail.Definition.PeakPoint;
+  const Corner& clew = sail.Definition.ClewPoint;
+  ExpectPoint(outline[0], 0, 4550);
+  EXPECT_NEAR(outline[20].y, 4550 * 0.92, 1e-9);
+  ExpectPoint(outline[40], peak.x + 0.12 * (clew.x - peak.x), peak.y + 0.12 * (clew.y - peak.y));
+  // The stub is part of it: no corner is cut off.
+  ExpectPoint(outline[60], peak.x, peak.y);
+  ExpectPoint(outline[61], 0, 4550);
+}
+
+TEST(PatchOutline, CodesAndWords) {
+  EXPECT_EQ(PatchCode(PatchCorner::Clew), "cl");
+  EXPECT_EQ(PatchCode(PatchCorner::Tack), "tk");
+  EXPECT_EQ(PatchCode(PatchCorner::Head), "hd");
+  EXPECT_EQ(PatchCode(PatchCorner::Peak), "pk");
+  EXPECT_EQ(PatchWord(PatchCorner::Clew), "clew");
+  EXPECT_EQ(PatchWord(PatchCorner::Tack), "tack");
+  EXPECT_EQ(PatchWord(PatchCorner::Head), "head");
+  EXPECT_EQ(PatchWord(PatchCorner::Peak), "peak");
+}
+
+TEST(PatchOutline, TypedSizesAreWholeAndWithinOneToFifty) {
+  EXPECT_EQ(PatchPercent(12), 12);
+  EXPECT_EQ(PatchPercent(12.4), 12);
+  EXPECT_EQ(PatchPercent(12.5), 12);
+  EXPECT_EQ(PatchPercent(13.5), 14);
+  EXPECT_EQ(PatchPercent(1.4), 1);
+  EXPECT_EQ(PatchPercent(49.6), 50);
+  EXPECT_EQ(PatchPercent(0), 1);
+  EXPECT_EQ(PatchPercent(-8), 1);
+  EXPECT_EQ(PatchPercent(51), 50);
+  EXPECT_EQ(PatchPercent(1e300), 50);
+  EXPECT_EQ(PatchPercent(-1e300), 1);
+  EXPECT_EQ(PatchPercent(std::numeric_limits<double>::quiet_NaN()), 1);
+}
+
+TEST(PatchOutline, ASailThatIsNotFiniteIsAFault) {
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = std::numeric_limits<double>::infinity();
+  EXPECT_THROW(PatchOutline(sail, PatchCorner::Tack, 0), GeometryFault);
+}
+
+TEST(PatchOutline, TheLabelStandsBetweenTheCornerAndTheInnerEdge) {
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = sail.Definition.FootRound = 0;
+  const PlanePoint label = PatchLabelPlace(PatchOutline(sail, PatchCorner::Tack, 0));
+  ExpectPoint(label, 0.425 * 600, 0.425 * 400);
+}
+
+}  // namespace
+}  // namespace brivane
