@@ -1,6 +1,7 @@
 // Loads the worlds of the samples with a reader that we did not write.
 
 #include <Inventor/SoDB.h>
+#include <Inventor/SoFullPath.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoInteraction.h>
 #include <Inventor/VRMLnodes/SoVRMLCoordinate.h>
@@ -79,7 +80,9 @@ class World : public testing::TestWithParam<std::string> {
     search.apply(Root);
     std::vector<Node*> nodes;
     for (int k = 0; k < search.getPaths().getLength(); ++k)
-      nodes.push_back(static_cast<Node*>(search.getPaths()[k]->getTail()));
+      // A shape hides what it consists of from any but a full path.
+      nodes.push_back(
+          static_cast<Node*>(static_cast<SoFullPath*>(search.getPaths()[k])->getTail()));
     return nodes;
   }
 

@@ -213,11 +213,12 @@ void Hand::Answer(QWidget& dialog) {
 }
 
 void Hand::AllAnswered() {
-  QTest::qWaitFor([this] { return !lost_.isEmpty() || (expected_.empty() && atWork_.empty()); },
-                  kPatience);
+  const auto done = [this] { return !lost_.isEmpty() || (expected_.empty() && atWork_.empty()); };
+  const bool answered = QTest::qWaitFor(done, kPatience);
   Check();
-  if (!expected_.empty())
-    throw LostWay(QString("the dialog %1 did not come").arg(expected_.front().Name));
+  if (!answered)
+    throw LostWay(expected_.empty() ? QString("a dialog does not go away")
+                                    : "the dialog did not come: " + expected_.front().Name);
   Rest();
 }
 

@@ -10,6 +10,7 @@
 
 #include "tour/camera.h"
 #include "tour/hand.h"
+#include "ui/menu1.h"
 #include "ui/windows.h"
 
 namespace brivane::tour {
@@ -88,8 +89,9 @@ class Tour {
     });
   }
 
-  void Open(const QString& path) {
+  void Open(const QString& path, const std::function<void()>& thenExpect = {}) {
     hand_.WhenAsked("FileDialog", [this, path](QWidget& dialog) { hand_.GivePath(dialog, path); });
+    if (thenExpect) thenExpect();
     hand_.Pick(Drawing(), {"fmenu", "fOpen"});
     hand_.AllAnswered();
   }
@@ -165,10 +167,10 @@ class Tour {
     old.close();
     Open(old.fileName());
     camera_.Take("31-opened-bv4", {&Drawing()});
-    AgreeTo("Message", "32-opened-nothing");
-    QFile::copy(old.fileName(), files_.filePath("OldSail.txt"));
-    Open(files_.filePath("OldSail.txt"));
-    QFile::remove(files_.filePath("OldSail.txt"));
+    const QString wrong = files_.filePath("OldSail.txt");
+    if (!old.copy(wrong)) throw LostWay("the old sail cannot be copied");
+    Open(wrong, [this] { AgreeTo("Message", "32-opened-wrong-type"); });
+    QFile::remove(wrong);
     Open(files_.filePath("twistfoot/Newsail.bv3"));
   }
 
@@ -212,7 +214,7 @@ int Run(int argc, char** argv) {
   if (argc != 2) return 2;
   const QDir folder(QString::fromLocal8Bit(argv[1]));
   Windows windows;
-  windows.BringToFront(windows.Start());
+  windows.Start().show();
   int status = 1;
   QTimer::singleShot(0, [&] {
     try {
