@@ -1,0 +1,201 @@
+// The dimensions window's looks: what stands where, in which words.
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "ui/create1.h"
+#include "ui/current_sail.h"
+#include "ui/mnemonics.h"
+#include "ui/qt_text.h"
+#include "ui/texts.h"
+
+namespace brivane {
+
+namespace {
+
+using Field = DimensionField;
+
+constexpr int kFieldWidth = 90;
+constexpr std::array<const char*, 3> kResultNames = {"LeechLengthValue", "LpValue", "AreaValue"};
+constexpr std::array<const char*, 3> kResultUnits = {"mm", "mm", "m²"};
+
+QGridLayout* FieldGrid(QGroupBox* group) {
+  auto* grid = new QGridLayout(group);
+  grid->setContentsMargins(14, 10, 14, 12);
+  grid->setHorizontalSpacing(8);
+  grid->setVerticalSpacing(7);
+  grid->setColumnStretch(0, 1);
+  return grid;
+}
+
+void FinishGrid(QGridLayout* grid) { grid->setRowStretch(grid->rowCount(), 1); }
+
+}  // namespace
+
+void Create1::Build() {
+  auto* left = new QVBoxLayout;
+  left->addWidget(BuildGroup(
+      0, {Field::Luff, Field::LuffRake, Field::Foot, Field::Diag, Field::Gaff, Field::GaffA}));
+  left->addWidget(BuildResults());
+  auto* middle = new QVBoxLayout;
+  middle->addWidget(BuildGroup(1, {Field::LuffRond, Field::LuffRondPos, Field::LeechRond,
+                                   Field::LeechRondPos, Field::FootRond, Field::GaffRond}));
+  middle->addWidget(BuildCuts());
+  auto* right = new QVBoxLayout;
+  right->addWidget(BuildGroup(2, {Field::SDepth0, Field::SDepth1, Field::SDepth2, Field::Twistxt}));
+  right->addWidget(BuildGroup(3, {Field::ClothWidth, Field::SeamWidth}));
+  right->addStretch();
+
+  auto* columns = new QHBoxLayout;
+  columns->setSpacing(12);
+  for (QVBoxLayout* column : {left, middle, right}) {
+    column->setSpacing(12);
+    columns->addLayout(column, 1);
+  }
+  Validation = new QPushButton;
+  Validation->setMinimumSize(140, 36);
+  Validation->setDefault(true);
+  connect(Validation, &QPushButton::clicked, this, &Create1::Validate);
+  right->addWidget(Validation, 0, Qt::AlignRight | Qt::AlignBottom);
+
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(16, 14, 16, 14);
+  whole->setSpacing(12);
+  whole->addLayout(BuildNameRow());
+  whole->addLayout(columns, 1);
+  NameControls();
+}
+
+QLayout* Create1::BuildNameRow() {
+  FieldRow& row = Row(Field::SailName);
+  row.Caption = new QLabel;
+  row.Edit = new QLineEdit;
+  row.Caption->setBuddy(row.Edit);
+  row.Edit->setMaximumWidth(360);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(10);
+  line->addWidget(row.Caption);
+  line->addWidget(row.Edit, 1);
+  line->addStretch(1);
+  return line;
+}
+
+QGroupBox* Create1::BuildGroup(std::size_t index, const std::vector<DimensionField>& fields) {
+  auto* group = new QGroupBox;
+  QGridLayout* grid = FieldGrid(group);
+  for (const DimensionField field : fields) AddField(grid, grid->rowCount(), field);
+  FinishGrid(grid);
+  groups_[index] = group;
+  return group;
+}
+
+void Create1::AddField(QGridLayout* grid, int row, DimensionField field) {
+  FieldRow& made = Row(field);
+  made.Caption = new QLabel;
+  made.Edit = new QLineEdit;
+  made.Edit->setAlignment(Qt::AlignRight);
+  made.Edit->setFixedWidth(kFieldWidth);
+  made.Caption->setBuddy(made.Edit);
+  grid->addWidget(made.Caption, row, 0);
+  grid->addWidget(made.Edit, row, 1);
+  grid->addWidget(new QLabel(ToQt(InfoOf(field).Unit)), row, 2);
+}
+
+QGroupBox* Create1::BuildResults() {
+  auto* group = new QGroupBox;
+  QGridLayout* grid = FieldGrid(group);
+  for (std::size_t i = 0; i < results_.size(); ++i) {
+    const int row = static_cast<int>(i);
+    results_[i] = {new QLabel, new QLabel};
+    results_[i].Value->setObjectName(kResultNames[i]);
+    results_[i].Value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    results_[i].Value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QFont bold = results_[i].Value->font();
+    bold.setBold(true);
+    results_[i].Value->setFont(bold);
+    grid->addWidget(results_[i].Caption, row, 0);
+    grid->addWidget(results_[i].Value, row, 1);
+    grid->addWidget(new QLabel(QString::fromUtf8(kResultUnits[i])), row, 2);
+  }
+  FinishGrid(grid);
+  LeechLengthValue = results_[0].Value;
+  LpValue = results_[1].Value;
+  AreaValue = results_[2].Value;
+  groups_[4] = group;
+  return group;
+}
+
+QGroupBox* Create1::BuildCuts() {
+  auto* group = new QGroupBox;
+  auto* column = new QVBoxLayout(group);
+  column->setContentsMargins(14, 10, 14, 12);
+  column->setSpacing(8);
+  for (std::size_t i = 0; i < OptCut1.size(); ++i) {
+    OptCut1[i] = new QRadioButton;
+    OptCut1[i]->setObjectName(QString("OptCut1_%1").arg(i));
+    connect(OptCut1[i], &QRadioButton::clicked, this, [this, i] { ChooseCut(i); });
+    column->addWidget(OptCut1[i]);
+  }
+  column->addStretch();
+  groups_[5] = group;
+  return group;
+}
+
+void Create1::NameControls() {
+  for (const DimensionFieldInfo& info : DimensionFields()) {
+    const FieldRow& row = Row(info.Field);
+    row.Edit->setObjectName(ToQt(info.ControlName));
+    row.Caption->setObjectName("Label_" + ToQt(info.ControlName));
+    row.Edit->installEventFilter(this);
+  }
+  Validation->setObjectName("Validation");
+  SailName = FieldOf(Field::SailName);
+  Luff = FieldOf(Field::Luff);
+  LuffRake = FieldOf(Field::LuffRake);
+  LuffRond = FieldOf(Field::LuffRond);
+  LuffRondPos = FieldOf(Field::LuffRondPos);
+  Foot = FieldOf(Field::Foot);
+  FootRond = FieldOf(Field::FootRond);
+  Diag = FieldOf(Field::Diag);
+  Gaff = FieldOf(Field::Gaff);
+  GaffRond = FieldOf(Field::GaffRond);
+  GaffA = FieldOf(Field::GaffA);
+  LeechRond = FieldOf(Field::LeechRond);
+  LeechRondPos = FieldOf(Field::LeechRondPos);
+  Twistxt = FieldOf(Field::Twistxt);
+  ClothWidth = FieldOf(Field::ClothWidth);
+  SeamWidth = FieldOf(Field::SeamWidth);
+  SDepth = {FieldOf(Field::SDepth0), FieldOf(Field::SDepth1), FieldOf(Field::SDepth2)};
+}
+
+void Create1::SetCaptions() {
+  Mnemonics letters;
+  setWindowTitle(TitleWith(texts::kDimensionsSuffix));
+  const QString validate = CurrentText(texts::kValidate);
+  Validation->setText(letters.Mark(validate));
+  Validation->setAccessibleName(validate);
+  for (std::size_t i = 0; i < OptCut1.size(); ++i) {
+    const QString cut = CurrentText(texts::kCuts[i]);
+    OptCut1[i]->setText(letters.Mark(cut));
+    OptCut1[i]->setAccessibleName(cut);
+    OptCut1[i]->setToolTip(CurrentText(texts::kCutHints[i]));
+  }
+  for (const DimensionFieldInfo& info : DimensionFields()) {
+    const FieldRow& row = Row(info.Field);
+    const QString caption = CurrentText(info.Caption);
+    row.Caption->setText(letters.Mark(caption));
+    row.Caption->setToolTip(CurrentText(info.Tooltip));
+    row.Edit->setAccessibleName(caption);
+    row.Edit->setToolTip(CurrentText(info.Tooltip));
+  }
+  const std::array<BilingualText, 3> results = {kLeechLengthCaption, kLpCaption, kSailAreaCaption};
+  for (std::size_t i = 0; i < results.size(); ++i)
+    results_[i].Caption->setText(CurrentText(results[i]));
+  for (std::size_t i = 0; i < groups_.size(); ++i)
+    groups_[i]->setTitle(CurrentText(texts::kDimensionGroups[i]));
+  layout()->activate();
+  resize(size().expandedTo(minimumSizeHint()));
+}
+
+}  // namespace brivane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brivane {
+
+/// The folder of the last file dialog: at first the user's documents folder, or the working
+/// directory where there is none.
+QString CurrentFolder();
+
+/// A kind of file in a dialog.
+struct FileFilter {
+  QString Description;
+  QString Pattern;  ///< "*.bv3"
+};
+
+/// What an open dialog shows.
+struct OpenQuestion {
+  std::vector<FileFilter> Filters;
+  QString ProposedName;
+  QString DefaultExtension;  ///< without its dot; for a typed name that has none
+};
+
+/// The path that the user chose; nothing after a cancel.
+std::optional<std::string> AskOpenPath(QWidget* parent, const OpenQuestion& question);
+
+/// What a save dialog shows.
+struct SaveQuestion {
+  QString Title;  ///< empty: the dialog's own
+  FileFilter Filter;
+  QString ProposedName;
+  /// The path as it will be used for a typed one, its missing extension added.
+  std::function<std::string(const std::string&)> Complete;
+  /// Files that writing to a completed path would replace.
+  std::function<std::vector<std::string>(const std::string&)> Replaced;
+};
+
+/// The completed path that the user chose and, where files would be replaced, confirmed; nothing
+/// after a cancel.
+std::optional<std::string> AskSavePath(QWidget* parent, const SaveQuestion& question);
+
+}  // namespace brivane

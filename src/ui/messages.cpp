@@ -1,0 +1,79 @@
+#include "ui/messages.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include "model/failures.h"
+#include "ui/current_sail.h"
+#include "ui/qt_text.h"
+#include "ui/texts.h"
+
+namespace brivane {
+
+namespace {
+
+MessageShower& Replacement() {
+  static MessageShower shower;
+  return shower;
+}
+
+/// The arrow cursor while a message is up in the middle of a long operation.
+class ArrowCursor {
+ public:
+  ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
+  ArrowCursor(const ArrowCursor&) = delete;
+  ArrowCursor& operator=(const ArrowCursor&) = delete;
+};
+
+QString WordsOf(const FileError& error, FileWords words) {
+  if (words == FileWords::PathAccess && error.IsPathAccess()) return ToQt(kPathAccessText);
+  return QString::fromUtf8(error.what());
+}
+
+}  // namespace
+
+void SetMessageShower(MessageShower shower) { Replacement() = std::move(shower); }
+
+void ShowMessage(QWidget* parent, const QString& title, const QString& text) {
+  const ArrowCursor arrow;
+  if (Replacement()) return Replacement()(parent, title, text);
+  // The program may be ended while the message is up, which deletes the box with its parent.
+  const QPointer<QMessageBox> box = new QMessageBox(parent);
+  box->setObjectName("Message");
+  box->setIcon(QMessageBox::Information);
+  box->setTextFormat(Qt::PlainText);
+  box->setWindowTitle(title);
+  box->setText(text);
+  box->addButton(CurrentText(texts::kOk), QMessageBox::AcceptRole);
+  box->exec();
+  delete box.data();
+}
+
+std::optional<QString> WordsOfFailure(const std::function<void()>& action, FileWords words) {
+  try {
+    action();
+  } catch (const FileError& error) {
+    return WordsOf(error, words);
+  } catch (const GeometryFault& fault) {
+    return CurrentText(fault.Words);
+  } catch (const std::exception& error) {
+    return QString::fromUtf8(error.what());
+  }
+  return std::nullopt;
+}
+
+bool RunGuarded(QWidget* parent, const QString& title, const std::function<void()>& action,
+                FileWords words) {
+  const std::optional<QString> failure = WordsOfFailure(action, words);
+  if (failure) ShowMessage(parent, title, *failure);
+  return !failure;
+}
+
+WaitCursor::WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+
+WaitCursor::~WaitCursor() { QApplication::restoreOverrideCursor(); }
+
+}  // namespace brivane

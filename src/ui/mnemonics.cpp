@@ -1,0 +1,30 @@
+#include "ui/mnemonics.h"
+
+namespace brivane {
+
+namespace {
+
+/// Only letters that every keyboard of the two languages has without a dead key.
+bool CanBeKey(QChar letter) { return letter.unicode() < 128 && letter.isLetter(); }
+
+bool BeginsWord(const QString& caption, qsizetype at) {
+  return at == 0 || caption[at - 1].isSpace() || caption[at - 1] == QLatin1Char('\'');
+}
+
+}  // namespace
+
+QString Mnemonics::Mark(const QString& caption) {
+  for (const bool onlyBeginnings : {true, false}) {
+    for (qsizetype at = 0; at < caption.size(); ++at) {
+      if (!CanBeKey(caption[at]) || (onlyBeginnings && !BeginsWord(caption, at))) continue;
+      if (!taken_.insert(caption[at].toLower()).second) continue;
+      QString before = caption.left(at);
+      QString after = caption.mid(at);
+      return before.replace("&", "&&") + "&" + after.replace("&", "&&");
+    }
+  }
+  QString unmarked = caption;
+  return unmarked.replace("&", "&&");
+}
+
+}  // namespace brivane

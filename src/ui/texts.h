@@ -1,0 +1,90 @@
+#pragma once
+
+#include <array>
+
+#include "model/language.h"
+
+/// The captions, messages and hints of the windows that no lower floor owns.
+namespace brivane::texts {
+
+inline constexpr BilingualText kOk{"OK", "OK"};
+inline constexpr BilingualText kYes{"&Yes", "&Oui"};
+inline constexpr BilingualText kNo{"&No", "&Non"};
+inline constexpr BilingualText kCancel{"Cancel", "Annuler"};
+inline constexpr BilingualText kQuit{"Quit", "Quitter"};
+
+// Start window.
+inline constexpr BilingualText kWelcome{" Welcome to ", " Bienvenue sur "};
+inline constexpr BilingualText kCreate{"Create a new sail", "Créer une nouvelle voile"};
+inline constexpr BilingualText kStartTagline{"Sail design and cutting",
+                                             "Conception et coupe de voiles"};
+inline constexpr BilingualText kLanguageLabel{"Language", "Langue"};
+
+// Dimensions window. The captions of its fields belong to their table.
+inline constexpr BilingualText kDimensionsSuffix{" - Sail dimensions", " - Géométrie de la voile"};
+inline constexpr BilingualText kValidate{"Validate", "Valider"};
+inline constexpr std::array<BilingualText, 6> kDimensionGroups = {
+    {{"Dimensions", "Dimensions"},
+     {"Edge rounds", "Ronds des bords"},
+     {"Mould", "Moule"},
+     {"Cloth", "Tissu"},
+     {"Result", "Résultat"},
+     {"Cut", "Coupe"}}};
+inline constexpr std::array<BilingualText, 3> kCuts = {
+    {{"Cross cut", "Coupe horizontale"},
+     {"Twist foot cut", "Coupe horizontale, pied tourné"},
+     {"Vertical cut", "Coupe verticale"}}};
+inline constexpr std::array<BilingualText, 3> kCutHints = {
+    {{"Seams square to the leech", "Coutures perpendiculaires à la chute"},
+     {"Seams square to the leech, the lowest panels turned to meet the luff",
+      "Coutures perpendiculaires à la chute, les laizes du bas tournées vers le guindant"},
+     {"Seams parallel to the leech", "Coutures parallèles à la chute"}}};
+
+// Drawing window.
+inline constexpr BilingualText kFileMenu{"&File", "&Fichier"};
+inline constexpr BilingualText kNew{"&New", "&Nouveau"};
+inline constexpr BilingualText kOpen{"&Open", "&Ouvrir"};
+inline constexpr BilingualText kPrintMenu{"&Print", "Im&Primer"};
+inline constexpr BilingualText kData{"Data", "Données"};
+inline constexpr BilingualText kDrawing{"Drawing", "Dessin"};
+inline constexpr BilingualText kPanels{"Panels", "Laizes"};
+inline constexpr BilingualText kPrinterSetup{"Printer setup", "Printer setup"};
+inline constexpr BilingualText kSaveMenu{"&Save", "&Sauvegarder"};
+inline constexpr BilingualText kPanelsDxf{"Panels DXF", "Laizes DXF"};
+inline constexpr BilingualText kPanelsXY{"Panels X-Y", "Laizes X-Y"};
+inline constexpr BilingualText kPlotter{"Tovarek plotter", "Table Tovarek"};
+inline constexpr BilingualText kVrml{"VRML", "VRML"};
+inline constexpr BilingualText kQuitCommand{"&Quit", "&Quitter"};
+inline constexpr BilingualText kDimensionsCommand{"&Dimensions", "&Dimensions"};
+inline constexpr BilingualText kMouldCommand{"Mould", "Moule"};
+inline constexpr BilingualText kPatchesCommand{"Patches", "Renforts"};
+inline constexpr BilingualText kDrawingSuffix{" - Drawing of the sail : ",
+                                              " - Dessin de la voile : "};
+inline constexpr BilingualText kDevelop{"Develop", "Développer"};
+inline constexpr BilingualText kRedraw{"Redraw", "Redessiner"};
+inline constexpr BilingualText kLabels{"Labels", "Légende"};
+inline constexpr BilingualText kAzimuth{"Azimuth of the view", "Azimut de la vue"};
+inline constexpr BilingualText kElevation{"Elevation of the view", "Élévation de la vue"};
+inline constexpr BilingualText kPicture{"Drawing of the sail", "Dessin de la voile"};
+inline constexpr BilingualText kPictureHint{
+    "Drag with the left button to zoom, with the right button to move; turn the wheel to zoom",
+    "Glisser avec le bouton gauche pour agrandir, avec le droit pour déplacer ; la molette "
+    "agrandit "
+    "ou réduit"};
+inline constexpr std::string_view kInvalidFileType = "Invalid file type selected";
+inline constexpr BilingualText kCancelSelected{"No file was chosen.", "Aucun fichier choisi."};
+inline constexpr std::string_view kOpenTitle = " : Dessin1 File Open procedure";
+
+// File dialogs.
+inline constexpr BilingualText kOpenDialog{"Open", "Ouvrir"};
+inline constexpr BilingualText kSaveDialog{"Save as", "Enregistrer sous"};
+inline constexpr BilingualText kOpenButton{"&Open", "&Ouvrir"};
+inline constexpr BilingualText kSaveButton{"&Save", "&Enregistrer"};
+inline constexpr BilingualText kCancelButton{"&Cancel", "&Annuler"};
+inline constexpr BilingualText kReplaceOne{"This file exists already. Do you want to replace it?",
+                                           "Ce fichier existe déjà. Voulez-vous le remplacer ?"};
+inline constexpr BilingualText kReplaceSeveral{
+    "These files exist already. Do you want to replace them?",
+    "Ces fichiers existent déjà. Voulez-vous les remplacer ?"};
+
+}  // namespace brivane::texts

@@ -1,0 +1,101 @@
+#include "ui/desk.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace brivane {
+
+namespace {
+
+constexpr int kPatienceMs = 5000;
+
+}  // namespace
+
+Desk::Desk(Language language) {
+  QApplication::setQuitOnLastWindowClosed(false);
+  Current() = CurrentSail{};
+  SetMessageShower([this](QWidget*, const QString& title, const QString& text) {
+    Seen.push_back({title, text});
+    if (WhileMessageIsUp) WhileMessageIsUp();
+  });
+  windows_ = std::make_unique<Windows>();
+  Start().show();
+  if (!QTest::qWaitForWindowActive(&Start())) qFatal("the start window does not come up");
+  Start().Langue1[static_cast<std::size_t>(language)]->click();
+}
+
+Desk::~Desk() {
+  SetMessageShower({});
+  windows_.reset();
+  QCoreApplication::sendPostedEvents();
+}
+
+void Desk::ShowRealMessages() { SetMessageShower({}); }
+
+void Desk::CreateSail() {
+  Press(Start().Create);
+  QVERIFY(QTest::qWaitForWindowActive(&Dimensions()));
+}
+
+void Desk::DesignDefaultSail() {
+  CreateSail();
+  Press(Dimensions().Validation);
+  QVERIFY(QTest::qWaitForWindowActive(&Picture()));
+}
+
+SailDefinition& Definition() { return Current().TheSail.Definition; }
+
+void TypeAndStay(QLineEdit* field, const QString& text) {
+  QTest::mouseClick(field, Qt::LeftButton);
+  QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(field, Qt::Key_Delete);
+  QTest::keyClicks(field, text);
+}
+
+void TypeLetter(QLineEdit* field, QChar letter) {
+  QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
+  QApplication::sendEvent(field, &press);
+}
+
+void TypeInto(QLineEdit* field, const QString& text) {
+  TypeAndStay(field, text);
+  QTest::keyClick(field, Qt::Key_Tab);
+  QTest::qWait(0);
+}
+
+void Press(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+
+bool IsYellow(const QLineEdit* field) {
+  return field->palette().color(QPalette::Base) == QColor(Qt::yellow);
+}
+
+void WhenDialogIsUp(const QString& name, const std::function<void(QWidget*)>& steps) {
+  auto* watch = new QTimer(qApp);
+  QElapsedTimer since;
+  since.start();
+  QObject::connect(watch, &QTimer::timeout, watch, [=] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    const bool isUp = dialog != nullptr && dialog->objectName() == name && dialog->isVisible();
+    if (!isUp && since.elapsed() < kPatienceMs) return;
+    watch->stop();
+    watch->deleteLater();
+    if (isUp) return steps(dialog);
+    if (dialog != nullptr) dialog->close();
+    qFatal("no dialog %s came up", qPrintable(name));
+  });
+  watch->start(10);
+}
+
+void ChooseFile(QWidget* dialog, const QString& path) {
+  auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+  TypeAndStay(name, path);
+  QTest::keyClick(name, Qt::Key_Return);
+}
+
+}  // namespace brivane
