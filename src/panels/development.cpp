@@ -104,10 +104,17 @@ void LayFirstRung(StripPoint& lower, StripPoint& upper, double leechAngle) {
   upper.flat = Length(upper.space - lower.space) * PlanePoint{std::cos(bearing), std::sin(bearing)};
 }
 
-/// Lays the two triangles between a rung that lies and its neighbour `next`.
-void LayRung(Strip& strip, int rung, int next, double upright) {
-  LayApex(strip.lower[At(rung)], strip.upper[At(rung)], strip.lower[At(next)], upright);
-  LayApex(strip.lower[At(next)], strip.upper[At(rung)], strip.upper[At(next)], upright);
+/// Lays the two triangles aft of a rung that lies. Every quadrangle is split from its upper forward
+/// to its lower aft corner, whichever way it is reached.
+void LayAft(Strip& strip, int rung, double upright) {
+  LayApex(strip.lower[At(rung)], strip.upper[At(rung)], strip.lower[At(rung + 1)], upright);
+  LayApex(strip.lower[At(rung + 1)], strip.upper[At(rung)], strip.upper[At(rung + 1)], upright);
+}
+
+/// Lays the two triangles forward of a rung that lies.
+void LayForward(Strip& strip, int rung, double upright) {
+  LayApex(strip.lower[At(rung)], strip.upper[At(rung)], strip.upper[At(rung - 1)], upright);
+  LayApex(strip.lower[At(rung)], strip.upper[At(rung - 1)], strip.lower[At(rung - 1)], upright);
 }
 
 /// Lays an edge piece as a fan about its upper corner, from its lower corner on.
@@ -135,8 +142,8 @@ void LayStrip(Strip& strip, double leechAngle) {
   const double side = PlanSide(strip, start);
   LayFirstRung(strip.lower[At(start)], strip.upper[At(start)], leechAngle);
   // Going aft from a rung (lower to upper) the strip lies on its right; going forward on its left.
-  for (int rung = start; rung < kAftCorner; ++rung) LayRung(strip, rung, rung + 1, -side);
-  for (int rung = start; rung > kForwardCorner; --rung) LayRung(strip, rung, rung - 1, side);
+  for (int rung = start; rung < kAftCorner; ++rung) LayAft(strip, rung, -side);
+  for (int rung = start; rung > kForwardCorner; --rung) LayForward(strip, rung, side);
   LayEdgeFan(strip, 0, kForwardCorner, strip.lower[At(kForwardCorner)],
              strip.upper[At(kForwardCorner)], side);
   LayEdgeFan(strip, kLastPoint, kAftCorner, strip.lower[At(kAftCorner)],

@@ -1,0 +1,141 @@
+#include "geometry/edge_round.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace brivane {
+namespace {
+
+/// Distance of a point from a line, mm.
+double DistanceFrom(const PlaneLine& line, PlanePoint point) {
+  return std::abs(Cross(line.Direction, point - line.Through)) / Length(line.Direction);
+}
+
+TEST(EdgeRoundCurve, VanishesAtTheEndsAndPeaksAtItsPosition) {
+  for (const double p : {0.3, 0.35, 0.5, 0.6, 0.7}) {
+    const EdgeRoundCurve curve = MakeEdgeRoundCurve(p);
+    EXPECT_NEAR(curve.At(0), 0, 1e-14) << p;
+    EXPECT_NEAR(curve.At(1), 0, 1e-14) << p;
+    EXPECT_EQ(curve.At(p), 1) << p;
+    EXPECT_EQ(curve.SlopeAt(p), 0) << p;
+  }
+}
+
+TEST(EdgeRoundCurve, IsTheParabolaInTheMiddle) {
+  const EdgeRoundCurve curve = MakeEdgeRoundCurve(0.5);
+  for (const double t : {0.1, 0.25, 0.8}) EXPECT_NEAR(curve.At(t), 4 * t * (1 - t), 1e-14);
+}
+
+TEST(EdgeRoundCurve, HoldsThePositionBetweenThirtyAndSeventyPercent) {
+  EXPECT_EQ(MakeEdgeRoundCurve(0.2).p, 0.3);
+  EXPECT_EQ(MakeEdgeRoundCurve(0.9).p, 0.7);
+}
+
+TEST(EdgeRoundCurve, DipsLittleTowardsTheFarCorner) {
+  for (const double p : {0.3, 0.7})
+    for (double t = 0.01; t < 1; t += 0.01) {
+      // A cubic that peaks this far off centre must dip a little beyond its chord.
+      EXPECT_GE(MakeEdgeRoundCurve(p).At(t), -0.07) << p << " " << t;
+      EXPECT_LE(MakeEdgeRoundCurve(p).At(t), 1 + 1e-14) << p << " " << t;
+    }
+}
+
+TEST(RoundedEdge, BulgesToTheLeftOfItsDirection) {
+  const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 100, 0.5);
+  EXPECT_NEAR(luff.At(0.5).x, -100, 1e-12);
+  EXPECT_NEAR(luff.At(0.5).y, 2000, 1e-12);
+  EXPECT_EQ(luff.At(0), (PlanePoint{0, 0}));
+  EXPECT_EQ(luff.At(1), (PlanePoint{0, 4000}));
+  EXPECT_EQ(luff.At(-3), (PlanePoint{0, 0}));
+  EXPECT_EQ(luff.At(7), (PlanePoint{0, 4000}));
+}
+
+TEST(RoundedEdge, KnowsItsSteepestSlope) {
+  for (const double p : {0.3, 0.45, 0.5, 0.7}) {
+    const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1}, 1, p);
+    double steepest = 0;
+    for (double t = 0; t <= 1; t += 0.0001)
+      steepest = std::max(steepest, std::abs(edge.Curve.SlopeAt(t)));
+    EXPECT_NEAR(edge.SteepestSlope, steepest, 1e-3) << p;
+    EXPECT_GE(edge.SteepestSlope, steepest - 1e-9) << p;
+  }
+}
+
+TEST(CrossingFraction, IsTheStraightCrossingWithoutARound) {
+  const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 0, 0.5);
+  EXPECT_NEAR(CrossingFraction(luff, {{500, 1000}, {1, 0}}), 0.25, 1e-15);
+}
+
+TEST(CrossingFraction, LiesOnTheLineAndOnTheRound) {
+  std::mt19937_64 random(5);
+  std::uniform_real_distribution<double> unit(0, 1);
+  for (int i = 0; i < 2000; ++i) {
+    const double length = 200 + 20000 * unit(random);
+    const double round = length * (0.35 * unit(random) - 0.1);
+    const RoundedEdge edge =
+        MakeRoundedEdge({10, 20}, {10, 20 + length}, round, 0.3 + 0.4 * unit(random));
+    const double target = unit(random);
+    const PlanePoint through = edge.At(target);
+    const PlaneLine line{through, {1, unit(random) - 0.5}};
+    const double t = CrossingFraction(edge, line);
+    ASSERT_GE(t, 0);
+    ASSERT_LE(t, 1);
+    if (t > 0 && t < 1) {
+      EXPECT_LT(DistanceFrom(line, edge.At(t)), 1e-9) << i;
+    }
+  }
+}
+
+TEST(CrossingFraction, PicksTheCrossingNearestToTheStraightEdges) {
+  // Parabola of 400 mm over 1000 mm: x = −1600t(1 − t), y = 1000t; the line is y = 700 + x.
+  const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1000}, 400, 0.5);
+  const PlaneLine line{{0, 700}, {1, 1}};
+  // 1000t + 1600t(1 − t) = 700 → 1600t² − 2600t + 700 = 0 → t = (2600 − √(2600² −
+  // 4·1600·700))/3200.
+  const double expected = (2600 - std::sqrt(2600.0 * 2600 - 4 * 1600 * 700.0)) / 3200;
+  EXPECT_NEAR(CrossingFraction(edge, line), expected, 1e-14);
+}
+
+TEST(CrossingFraction, MeetsASteepRoundTwiceAndTakesTheNearer) {
+  // The line runs almost along the edge: x = −60 + 0.01(y − 100). On the parabola x = −400·4t(1−t)
+  // it is met near both ends; the straight edge is met far above, at y = 6100.
+  const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1000}, 400, 0.5);
+  const double t = CrossingFraction(edge, {{-60, 100}, {0.01, 1}});
+  EXPECT_GT(t, 0.9);
+  EXPECT_LT(DistanceFrom({{-60, 100}, {0.01, 1}}, edge.At(t)), 1e-9);
+}
+
+TEST(CrossingFraction, EndsAtTheCornerWhereTheLinePassesBy) {
+  const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 100, 0.5);
+  EXPECT_EQ(CrossingFraction(luff, {{0, -10}, {1, 0}}), 0);
+  EXPECT_EQ(CrossingFraction(luff, {{0, 4010}, {1, 0}}), 1);
+  EXPECT_EQ(CrossingFraction(luff, {{0, 0}, {1, 0}}), 0);
+  EXPECT_EQ(CrossingFraction(luff, {{0, 4000}, {1, 0}}), 1);
+}
+
+TEST(CrossingFraction, SurvivesAParallelLineAndAnEdgeWithoutLength) {
+  const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 0, 0.5);
+  const double parallel = CrossingFraction(luff, {{50, 0}, {0, 1}});
+  EXPECT_TRUE(parallel == 0 || parallel == 1);
+  const RoundedEdge point = MakeRoundedEdge({3, 4}, {3, 4}, 100, 0.5);
+  EXPECT_EQ(point.At(CrossingFraction(point, {{0, 0}, {1, 0}})), (PlanePoint{3, 4}));
+}
+
+TEST(ExtentAlong, ReachesToTheBulgeOfTheRound) {
+  const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 100, 0.4);
+  EXPECT_NEAR(ExtentAlong(luff, {1, 0}).Low, -100, 1e-12);
+  EXPECT_NEAR(ExtentAlong(luff, {1, 0}).High, 0, 1e-12);
+  EXPECT_NEAR(ExtentAlong(luff, {0, 1}).High, 4000, 1e-12);
+}
+
+TEST(ExtentAlong, AgreesWithSamplingATiltedEdge) {
+  const RoundedEdge edge = MakeRoundedEdge({0, 1000}, {900, 1100}, -80, 0.35);
+  const PlanePoint direction{-0.05, 1};
+  double low = 1e9;
+  for (int i = 0; i <= 100000; ++i) low = std::min(low, Dot(direction, edge.At(i / 100000.0)));
+  EXPECT_NEAR(ExtentAlong(edge, direction).Low, low, 1e-6);
+}
+
+}  // namespace
+}  // namespace brivane

@@ -1,0 +1,120 @@
+#include "geometry/mould.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace brivane {
+namespace {
+
+TEST(DepthAt, FollowsTheDefaultMould) {
+  const SailDefinition sail;
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0), 0.03);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0.4), 0.10);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 1), 0.0075);
+  EXPECT_NEAR(DepthAt(sail, 0.99), 0.05165, 5e-6);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0.991), 0.0075);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0.2), 0.03 + 0.75 * 0.07);  // t = ½, 2t − t² = ¾
+  EXPECT_NEAR(DepthAt(sail, 0.7), 0.10 - 0.25 * 0.05, 1e-15);
+}
+
+TEST(DepthAt, RunsOutBelowTheFootDownToItsFloor) {
+  const SailDefinition sail;
+  EXPECT_DOUBLE_EQ(DepthAt(sail, -0.1), 0.018);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, -0.5), 0.0075);
+}
+
+TEST(DepthAt, KeepsTheFloorInsideTheSail) {
+  SailDefinition sail;
+  sail.Depth = {8, 10, 0};
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0.98), 0.02);
+}
+
+TEST(ShapeAt, IsStraightFromFootToMiddleToHead) {
+  const SailDefinition sail;
+  double h = 0.4;
+  EXPECT_DOUBLE_EQ(LuffShapeAt(sail, h), 3);
+  h = 1;
+  EXPECT_DOUBLE_EQ(LuffShapeAt(sail, h), 6);
+  h = 0.2;
+  EXPECT_DOUBLE_EQ(LuffShapeAt(sail, h), 1.5);
+  h = 0.7;
+  EXPECT_DOUBLE_EQ(LeechShapeAt(sail, h), 0.07);
+  h = 0.1;
+  EXPECT_DOUBLE_EQ(LeechShapeAt(sail, h), 0.015);
+}
+
+TEST(ShapeAt, ClampsTheHeightInPlace) {
+  const SailDefinition sail;
+  double h = 1.5;
+  EXPECT_DOUBLE_EQ(LuffShapeAt(sail, h), 6);
+  EXPECT_EQ(h, 1);
+  h = -0.5;
+  EXPECT_DOUBLE_EQ(LeechShapeAt(sail, h), 0);
+  EXPECT_EQ(h, 0);
+}
+
+TEST(SectionProfile, IsZeroAtAndBeyondItsEnds) {
+  for (const double x : {-1.0, 0.0, 1.0, 2.0}) EXPECT_EQ(SectionProfile(3, 0.06, 1, x), 0);
+}
+
+TEST(SectionProfile, IsTheParabolaWithoutShape) {
+  EXPECT_DOUBLE_EQ(SectionProfile(0, 0, 1, 0.5), 0.125);
+  for (const double x : {0.1, 0.3, 0.9})
+    EXPECT_NEAR(SectionProfile(0, 0, 2, x), x * (1 - x), 1e-15);
+}
+
+TEST(SectionProfile, HasTheCurvatureOfItsFactors) {
+  for (const double A : {0.0, 2.0, 6.0})
+    for (const double B : {0.0, 0.08, 1.0})
+      for (const double x : {0.2, 0.5, 0.8}) {
+        const double d = 1e-4;
+        const double curvature = (SectionProfile(A, B, 1, x - d) - 2 * SectionProfile(A, B, 1, x) +
+                                  SectionProfile(A, B, 1, x + d)) /
+                                 (d * d);
+        EXPECT_NEAR(curvature, -(std::pow(1 - x, A) + B * x), 1e-6);
+      }
+}
+
+TEST(ProfileNormaliser, OfTheParabolaIsEight) { EXPECT_NEAR(ProfileNormaliser(0, 0), 8, 1e-12); }
+
+TEST(ProfileNormaliser, TakesTheFirstSampleOfAProfileThatIsFullestBeforeIt) {
+  // A = 20 is fullest at X = 1 − (1/22)^(1/21) = 0.137.
+  const double X = 0.2 + 0.01;
+  EXPECT_EQ(ProfileNormaliser(20, 0), 1 / SectionProfile(20, 0, 1, X));
+}
+
+TEST(ProfileNormaliser, TakesSampleFiftyNineOfAProfileThatIsFullestBeyondIt) {
+  // A = −0.9 is fullest at X = 1 − (1/1.1)^10 = 0.614.
+  double X = 0.2;
+  for (int i = 0; i < 39; ++i) X += 0.01;
+  EXPECT_NEAR(X, 0.59, 1e-12);
+  EXPECT_EQ(ProfileNormaliser(-0.9, 0), 1 / SectionProfile(-0.9, 0, 1, X));
+}
+
+TEST(ProfileNormaliser, OfAFlatProfileIsTenThousand) {
+  EXPECT_EQ(ProfileNormaliser(200, 0), 10000);  // 1/(201·202) is below 0.0001 everywhere
+}
+
+TEST(NormaliserWalk, IsBitIdenticalToTheSearchFromTheStart) {
+  std::mt19937_64 random(3);
+  std::uniform_real_distribution<double> unit(0, 1);
+  NormaliserWalk walk;
+  for (int i = 0; i < 20000; ++i) {
+    const double scale = unit(random) < 0.1 ? 100 : 8;
+    const double A = scale * unit(random);
+    const double B = unit(random) < 0.1 ? 1000 * unit(random) : 0.3 * unit(random);
+    EXPECT_EQ(walk(A, B), ProfileNormaliser(A, B)) << A << " " << B;
+  }
+}
+
+TEST(NormaliserWalk, FallsBackToTheSearchForFactorsBelowZero) {
+  NormaliserWalk walk;
+  EXPECT_EQ(walk(-0.9, 0), ProfileNormaliser(-0.9, 0));
+  EXPECT_EQ(walk(3, -0.5), ProfileNormaliser(3, -0.5));
+  EXPECT_EQ(walk(200, 0), 10000);
+}
+
+}  // namespace
+}  // namespace brivane

@@ -1,0 +1,104 @@
+#include "geometry/plane.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace brivane {
+namespace {
+
+constexpr double kFullPi = 3.14159265358979323846;
+
+TEST(SolveTriangle, GivesTheAnglesOfTheThreeFourFiveTriangle) {
+  const TriangleAngles angles = SolveTriangle(3, 4, 5);
+  EXPECT_NEAR(angles.A, std::asin(0.6), 1e-15);
+  EXPECT_NEAR(angles.B, std::asin(0.8), 1e-15);
+  EXPECT_NEAR(angles.C, kFullPi / 2, 1e-15);
+}
+
+TEST(SolveTriangle, AgreesWithTheLawOfCosinesOnRandomTriangles) {
+  std::mt19937_64 random(11);
+  std::uniform_real_distribution<double> side(1, 10);
+  for (int i = 0; i < 1000; ++i) {
+    const double a = side(random);
+    const double b = side(random);
+    const double c = std::abs(a - b) + (a + b - std::abs(a - b)) * (0.05 + 0.09 * side(random));
+    const TriangleAngles angles = SolveTriangle(a, b, c);
+    EXPECT_NEAR(angles.A, std::acos((b * b + c * c - a * a) / (2 * b * c)), 1e-12);
+    EXPECT_NEAR(angles.B, std::acos((a * a + c * c - b * b) / (2 * a * c)), 1e-12);
+    EXPECT_NEAR(angles.A + angles.B + angles.C, kFullPi, 1e-14);
+  }
+}
+
+TEST(SolveTriangle, TakesATriangleWithoutSizeAsEquilateral) {
+  const TriangleAngles angles = SolveTriangle(0, 0, 0);
+  EXPECT_EQ(angles.A, 3.14159265358979 / 3);
+  EXPECT_EQ(angles.B, 3.14159265358979 / 3);
+  EXPECT_EQ(angles.C, 3.14159265358979 / 3);
+}
+
+TEST(SolveTriangle, FlattensATriangleThatCannotClose) {
+  EXPECT_EQ(SolveTriangle(10, 4, 5).A, 3.14159265358979);
+  EXPECT_EQ(SolveTriangle(10, 4, 5).B, 0);
+  EXPECT_EQ(SolveTriangle(4, 10, 5).B, 3.14159265358979);
+  EXPECT_EQ(SolveTriangle(4, 10, 5).C, 0);
+  EXPECT_EQ(SolveTriangle(4, 5, 10).C, 3.14159265358979);
+  EXPECT_EQ(SolveTriangle(4, 5, 9).C, 3.14159265358979);
+}
+
+TEST(SolveTriangle, StaysAccurateForVeryFlatTriangles) {
+  // A triangle of base 2 and height 1e-3: its base angles are atan(1e-3).
+  const double arm = std::sqrt(1 + 1e-6);
+  EXPECT_NEAR(SolveTriangle(arm, arm, 2).A, std::atan(1e-3), 1e-9);
+}
+
+TEST(DirectionAngle, UsesItsTwelveDigitTurns) {
+  EXPECT_EQ(DirectionAngle(3, 4, 3, 4), 0);
+  EXPECT_EQ(DirectionAngle(3, 4, 3, 9), 1.570796326795);
+  EXPECT_EQ(DirectionAngle(3, 4, 3, -9), 4.712388980385);
+  EXPECT_EQ(DirectionAngle(0, 0, -1, 0), 3.14159265359);
+  EXPECT_EQ(DirectionAngle(0, 0, 1, 0), 0);
+  EXPECT_EQ(DirectionAngle(0, 0, 1, 1), std::atan(1.0));
+  EXPECT_EQ(DirectionAngle(0, 0, -1, 1), std::atan(-1.0) + 3.14159265359);
+  EXPECT_EQ(DirectionAngle(0, 0, -1, -1), std::atan(1.0) + 3.14159265359);
+  EXPECT_EQ(DirectionAngle(0, 0, 1, -1), std::atan(-1.0) + 6.28318530718);
+}
+
+TEST(RotatePoint, TurnsCounterClockwiseAboutItsCentre) {
+  double x = 13;
+  double y = 20;
+  RotatePoint(10, 20, x, y, kFullPi / 2);
+  EXPECT_NEAR(x, 10, 1e-12);
+  EXPECT_NEAR(y, 23, 1e-12);
+}
+
+TEST(RotatePoint, HandlesEveryQuadrant) {
+  for (const auto& [dx, dy] : {std::pair{3.0, 4.0}, {-3.0, 4.0}, {-3.0, -4.0}, {3.0, -4.0}}) {
+    double x = 1 + dx;
+    double y = 2 + dy;
+    RotatePoint(1, 2, x, y, 0.3);
+    EXPECT_NEAR(x, 1 + dx * std::cos(0.3) - dy * std::sin(0.3), 1e-12);
+    EXPECT_NEAR(y, 2 + dx * std::sin(0.3) + dy * std::cos(0.3), 1e-12);
+  }
+}
+
+TEST(RotatePoint, LeavesTheCentreAndTurnsThePointsAboveAndBelowIt) {
+  double x = 5;
+  double y = 6;
+  RotatePoint(5, 6, x, y, 1);
+  EXPECT_EQ(x, 5);
+  EXPECT_EQ(y, 6);
+
+  x = 0, y = 2;
+  RotatePoint(0, 0, x, y, 0.5);
+  EXPECT_NEAR(x, -2 * std::sin(0.5), 1e-12);
+  EXPECT_NEAR(y, 2 * std::cos(0.5), 1e-12);
+
+  x = 0, y = -2;
+  RotatePoint(0, 0, x, y, 0.5);
+  EXPECT_NEAR(x, 2 * std::sin(0.5), 1e-12);
+  EXPECT_NEAR(y, -2 * std::cos(0.5), 1e-12);
+}
+
+}  // namespace
+}  // namespace brivane

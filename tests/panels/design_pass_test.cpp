@@ -1,0 +1,153 @@
+#include "panels/design_pass.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "model/failures.h"
+#include "panels/development.h"
+#include "panels/layout_check.h"
+
+namespace brivane {
+namespace {
+
+TEST(DesignPass, FitsTheDefaultSailInEachCut) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail;
+    sail.Definition.CutType = cut;
+    const DesignResult result = DesignPass(sail);
+    EXPECT_EQ(result.End, DesignEnd::Fitted) << cut;
+    for (int p = 0; p < sail.Definition.PanelCount; ++p)
+      EXPECT_LE(DevelopedWidth(sail.Panels, p), 890) << cut << p;
+    EXPECT_LE(result.WidestPanel, 890);
+    EXPECT_GT(result.WidestPanel, 800);
+  }
+}
+
+TEST(DesignPass, GivesTheSameSailTwice) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail;
+    sail.Definition.CutType = cut;
+    DesignPass(sail);
+    const Sail first = sail;
+    DesignPass(sail);
+    EXPECT_EQ(sail.Grid, first.Grid) << cut;
+    EXPECT_EQ(sail.Panels, first.Panels) << cut;
+    EXPECT_EQ(sail.Definition, first.Definition) << cut;
+  }
+}
+
+TEST(DesignPass, ErasesWhatAnEarlierSailLeft) {
+  Sail sail;
+  sail.Definition.ClothWidth = 300;
+  DesignPass(sail);
+  const int many = sail.Definition.PanelCount;
+  sail.Definition.ClothWidth = 1500;
+  DesignPass(sail);
+  ASSERT_LT(sail.Definition.PanelCount, many);
+  for (int point = 0; point <= 40; ++point) {
+    EXPECT_EQ(sail.Grid.SurfaceX(many, point), 0);
+    EXPECT_EQ(sail.Panels.PanelEdgeX(many - 1, point), 0);
+  }
+}
+
+TEST(DesignPass, TakesAnUnknownCutAsACrossCut) {
+  Sail cross;
+  cross.Definition.CutType = kCrossCut;
+  DesignPass(cross);
+  Sail unknown;
+  unknown.Definition.CutType = "SPIRALCUT";
+  DesignPass(unknown);
+  EXPECT_EQ(unknown.Grid, cross.Grid);
+  EXPECT_EQ(unknown.Definition.CutType, "SPIRALCUT");
+}
+
+TEST(DesignPass, RefusesTooManyPanelsAndWidensTheCloth) {
+  Sail sail;
+  sail.Definition.GaffLength = 5;  // the leech grows beyond 70 cloths of a fiftieth of the diagonal
+  sail.Definition.LuffLength = 20000;
+  sail.Definition.FootLength = 2000;
+  sail.Definition.DiagonalLength = 20100;
+  sail.Definition.ClothWidth = 100;  // raised to 403 by the outline
+  const DesignResult fifty = DesignPass(sail);
+  EXPECT_NE(fifty.End, DesignEnd::TooManyPanels);
+  EXPECT_EQ(sail.Definition.ClothWidth, 403);
+
+  // A gaff makes the leech much longer than the diagonal.
+  sail.Definition.GaffLength = 15000;
+  sail.Definition.GaffAngle = 0.05;
+  sail.Definition.ClothWidth = 100;
+  const DesignResult tooMany = DesignPass(sail);
+  EXPECT_EQ(tooMany.End, DesignEnd::TooManyPanels);
+  EXPECT_EQ(sail.Definition.ClothWidth, std::floor(sail.Definition.PeakPoint.y / 50));
+  EXPECT_EQ(sail.Definition.PanelCount, 0);
+  EXPECT_EQ(sail.Grid, SurfaceGrid{});
+  EXPECT_NE(DesignPass(sail).End, DesignEnd::TooManyPanels);
+}
+
+TEST(DesignPass, SaysTooManyPanelsInBothLanguagesAtOnce) {
+  EXPECT_EQ(TooManyPanelsText(71),
+            " Too many Panels  71\n Cloth is too narrow \nLe tissu est trop étroit");
+}
+
+TEST(DesignPass, LeavesNothingHalfFilledAfterAFault) {
+  Sail sail;
+  DesignPass(sail);
+  sail.Definition.DepthPosition = 0;
+  EXPECT_THROW(DesignPass(sail), GeometryFault);
+  EXPECT_EQ(sail.Grid, SurfaceGrid{});
+  EXPECT_EQ(sail.Panels, DevelopedPanels{});
+  EXPECT_EQ(sail.Definition.PanelCount, 0);
+}
+
+TEST(DesignPass, RefusesAPeakBelowTheClewInBothLanguages) {
+  Sail sail;
+  sail.Definition.GaffLength = 5000;
+  sail.Definition.GaffAngle = 2.9;
+  try {
+    DesignPass(sail);
+    FAIL();
+  } catch (const GeometryFault& fault) {
+    EXPECT_NE(fault.Words.English, fault.Words.French);
+    EXPECT_NE(fault.Words.English.find("peak"), std::string_view::npos);
+  }
+}
+
+TEST(RequireCuttableStrips, RefusesAHollowLeechThatCrossesTheFirstVerticalSeam) {
+  Sail sail;
+  sail.Definition.CutType = kVerticalCut;
+  sail.Definition.LeechRound = -600;
+  sail.Definition.ClothWidth = 400;
+  EXPECT_THROW(DesignPass(sail), GeometryFault);
+  sail.Definition.LeechRound = -200;
+  EXPECT_NO_THROW(DesignPass(sail));
+}
+
+TEST(RequireCuttableStrips, RefusesAStripThatTurnsOver) {
+  Sail sail;
+  DesignPass(sail);
+  const int p = 3;
+  for (int point = 0; point <= 40; ++point) {
+    std::swap(sail.Grid.SurfaceX(p, point), sail.Grid.SurfaceX(p + 1, point));
+    std::swap(sail.Grid.SurfaceY(p, point), sail.Grid.SurfaceY(p + 1, point));
+  }
+  EXPECT_THROW(RequireCuttableStrips(sail.Grid, sail.Definition.PanelCount), GeometryFault);
+}
+
+TEST(StripPlanArea, OfAllStripsIsThatOfTheOutline) {
+  Sail sail;
+  sail.Definition.CutType = kVerticalCut;
+  sail.Definition.LuffRound = sail.Definition.LeechRound = sail.Definition.FootRound = 0;
+  sail.Definition.GaffRound = 0;
+  DesignPass(sail);
+  double sum = 0;
+  for (int p = 0; p < sail.Definition.PanelCount; ++p) sum += std::abs(StripPlanArea(sail.Grid, p));
+  const SailDefinition& d = sail.Definition;
+  const double corners = (d.ClewPoint.x * d.PeakPoint.y - d.PeakPoint.x * d.ClewPoint.y +
+                          d.PeakPoint.x * d.LuffLength) /
+                         2;
+  EXPECT_NEAR(sum, corners, 1e-3);
+}
+
+}  // namespace
+}  // namespace brivane

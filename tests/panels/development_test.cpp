@@ -1,0 +1,160 @@
+#include "panels/development.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+#include "geometry/plane.h"
+#include "model/failures.h"
+#include "panels/design_pass.h"
+#include "panels/layout_check.h"
+#include "support/panel_measures.h"
+
+namespace brivane {
+namespace {
+
+using SpacePlace = std::function<Corner(double along, double across)>;
+
+/// A sail of one panel whose strip is the image of the unit square.
+Sail OneStrip(const SpacePlace& place) {
+  Sail sail;
+  SurfaceGrid& grid = sail.Grid;
+  const auto put = [&grid](int line, int point, const Corner& at) {
+    grid.SurfaceX(line, point) = at.x;
+    grid.SurfaceY(line, point) = at.y;
+    grid.SurfaceZ(line, point) = at.z;
+  };
+  for (int i = 0; i <= 30; ++i) {
+    put(0, 5 + i, place(i / 30.0, 0));
+    put(1, 5 + i, place(i / 30.0, 1));
+  }
+  for (int i = 0; i <= 5; ++i) {
+    put(1, i, place(0, i / 5.0));
+    put(1, 40 - i, place(1, i / 5.0));
+  }
+  sail.Definition.PanelCount = 1;
+  DevelopPanels(sail);
+  return sail;
+}
+
+TEST(DevelopPanels, LaysAFlatRectangleAsItIs) {
+  const Sail sail = OneStrip([](double u, double v) { return Corner{1000 * u, 300 * v, 0}; });
+  for (int i = 0; i <= 30; ++i) {
+    EXPECT_NEAR(sail.Panels.PanelLowerX(0, 5 + i), 1000 * i / 30.0, 1e-9);
+    EXPECT_NEAR(sail.Panels.PanelLowerY(0, 5 + i), 0, 1e-9);
+    EXPECT_NEAR(sail.Panels.PanelUpperX(0, 5 + i), 1000 * i / 30.0, 1e-9);
+    EXPECT_NEAR(sail.Panels.PanelUpperY(0, 5 + i), 300, 1e-9);
+  }
+  EXPECT_NEAR(DevelopedWidth(sail.Panels, 0), 300, 1e-9);
+  EXPECT_NEAR(sail.Panels.PanelEdgeX(0, 38), 1000, 1e-9);
+  EXPECT_NEAR(sail.Panels.PanelEdgeY(0, 38), 120, 1e-9);
+}
+
+TEST(DevelopPanels, LaysAQuarterOfACylinderAsARectangle) {
+  // About the x axis, radius 400: the two seams are straight, the rungs chords of a quarter turn.
+  const double quarter = std::acos(0.0);
+  const Sail sail = OneStrip([&](double u, double v) {
+    return Corner{1200 * u, 400 * std::sin(v * quarter), 400 * (1 - std::cos(v * quarter))};
+  });
+  EXPECT_NEAR(DevelopedWidth(sail.Panels, 0), 400 * std::sqrt(2.0), 1e-9);
+  EXPECT_NEAR(sail.Panels.PanelUpperX(0, 35), 1200, 1e-9);
+  EXPECT_NEAR(sail.Panels.PanelLowerX(0, 35), 1200, 1e-9);
+}
+
+TEST(DevelopPanels, LaysAConeAsASector) {
+  // Half angle 30°: the sector of a full turn spans 180°. A third of the turn spans 60°.
+  const double turn = 4 * std::acos(0.0) / 3;
+  const Sail sail = OneStrip([&](double u, double v) {
+    const double slant = 600 + 300 * v;
+    const double angle = (0.5 - u) * turn;
+    return Corner{-slant * 0.5 * std::sin(angle), slant * 0.5 * std::cos(angle),
+                  slant * std::sqrt(0.75)};
+  });
+  // 30 chords of a twelfth of 60°/2.5 each; the polygon's ends lie 60.0°-ish apart. Its own chords
+  // give the exact angle: each triangle of the fan has the slants 600, 600 and the chord.
+  const double chord = 2 * 300 * std::sin(turn / 60);
+  const double fan = 30 * 2 * std::asin(chord / 2 / 600);
+  EXPECT_NEAR(sail.Panels.PanelLowerX(0, 35), 2 * 600 * std::sin(fan / 2), 1e-8);
+  const PlanePoint top{sail.Panels.PanelUpperX(0, 35) - sail.Panels.PanelUpperX(0, 5),
+                       sail.Panels.PanelUpperY(0, 35) - sail.Panels.PanelUpperY(0, 5)};
+  EXPECT_NEAR(Length(top), 2 * 900 * std::sin(fan / 2), 1e-8);
+}
+
+TEST(DevelopPanels, KeepsAnUprightEdgeOutsideThePanel) {
+  // The forward edge bows out of the plane only: its plan is straight and gives no side.
+  const Sail sail = OneStrip([](double u, double v) {
+    return Corner{1000 * u, 300 * v, (1 - u) * 20 * std::sin(v * 3.14159)};
+  });
+  for (int point = 1; point <= 4; ++point) EXPECT_LT(sail.Panels.PanelEdgeX(0, point), 0);
+}
+
+TEST(DevelopPanels, DevelopsAStripThatEndsInACorner) {
+  for (const bool forward : {true, false}) {
+    const Sail sail = OneStrip([forward](double u, double v) {
+      const double opening = forward ? u : 1 - u;
+      return Corner{1000 * u, 400 * v * opening, 60 * u * (1 - u) + 10 * v * opening};
+    });
+    EXPECT_LT(WorstEdgeError(sail, 0), 1e-9) << forward;
+    EXPECT_GT(DevelopedWidth(sail.Panels, 0), 399) << forward;
+  }
+}
+
+TEST(DevelopPanels, SurvivesAStripWithoutSize) {
+  const Sail sail = OneStrip([](double, double) { return Corner{5, 6, 7}; });
+  EXPECT_EQ(DevelopedWidth(sail.Panels, 0), 0);
+}
+
+TEST(DevelopPanels, RefusesWhatIsNotFinite) {
+  EXPECT_THROW(OneStrip([](double u, double v) {
+                 return Corner{1e308 * u, 1e308 * v, 1e308};
+               }),
+               GeometryFault);
+}
+
+TEST(DevelopPanels, MirrorsThePanelsOfTheVerticalCut) {
+  Sail sail;
+  sail.Definition.CutType = kVerticalCut;
+  DesignPass(sail);
+  for (int p = 0; p < sail.Definition.PanelCount; ++p) {
+    EXPECT_GT(DevelopedWidth(sail.Panels, p), 0) << p;
+    EXPECT_EQ(sail.Panels.PanelLowerX(p, 5), 0) << p;
+    EXPECT_EQ(sail.Panels.PanelLowerY(p, 5), 0) << p;
+    EXPECT_EQ(sail.Panels.PanelLowerY(p, 35), 0) << p;
+    EXPECT_GT(sail.Panels.PanelLowerX(p, 35), 0) << p;
+  }
+}
+
+TEST(DevelopPanels, AgreesWithTheAnglesOfItsTriangles) {
+  // The second route: the first triangle of every panel by SolveTriangle's angles.
+  Sail sail;
+  DesignPass(sail);
+  for (int p = 1; p + 1 < sail.Definition.PanelCount; ++p) {
+    const double rung = SpaceLength(sail.Grid, p, 20, p + 1, 20);
+    const double seam = SpaceLength(sail.Grid, p, 20, p, 21);
+    const double diagonal = SpaceLength(sail.Grid, p + 1, 20, p, 21);
+    const TriangleAngles angles = SolveTriangle(diagonal, rung, seam);
+    const DevelopedPanels& flat = sail.Panels;
+    const PlanePoint corner{flat.PanelLowerX(p, 20), flat.PanelLowerY(p, 20)};
+    const PlanePoint along = PlanePoint{flat.PanelLowerX(p, 21), flat.PanelLowerY(p, 21)} - corner;
+    const double bearing = std::atan2(along.y, along.x) + angles.A;
+    EXPECT_NEAR(flat.PanelUpperX(p, 20), corner.x + rung * std::cos(bearing), 1e-6) << p;
+    EXPECT_NEAR(flat.PanelUpperY(p, 20), corner.y + rung * std::sin(bearing), 1e-6) << p;
+  }
+}
+
+TEST(DevelopPanels, KeepsTheAreaOfAFlatSail) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail;
+    sail.Definition.CutType = cut;
+    sail.Definition.Depth = {0, 0, 0};
+    sail.Definition.TwistAngle = 0;
+    DesignPass(sail);
+    for (int p = 0; p < sail.Definition.PanelCount; ++p)
+      EXPECT_NEAR(PanelArea(sail.Panels, p), std::abs(StripPlanArea(sail.Grid, p)), 1e-3)
+          << cut << p;
+  }
+}
+
+}  // namespace
+}  // namespace brivane
