@@ -38,21 +38,58 @@ void SortByX(std::vector<PanelOffset>& offsets) {
   });
 }
 
-/// Left ends of texts that are to stand under their points: in order, apart, and within the width.
+/// Neighbouring texts that had to be pushed together.
+struct TextGroup {
+  std::size_t First = 0;
+  std::size_t Count = 0;
+  double Width = 0;
+  double WishSum = 0;  ///< sum of the left ends of the group that its texts wish for
+  double Left = 0;
+
+  /// Where the group lies nearest to all wishes and still within the width.
+  void Settle(double width) {
+    Left = std::max(0.0, std::min(WishSum / static_cast<double>(Count), width - Width));
+  }
+};
+
+/// Left ends of texts that are to stand over or under their points: in order, apart, within the
+/// width, and together as near to their points as that allows.
 std::vector<double> SpreadTexts(const std::vector<PlanePoint>& places,
                                 const std::vector<double>& widths, double gap, double width) {
-  std::vector<double> lefts(places.size());
-  double free = 0;
+  std::vector<TextGroup> groups;
+  groups.reserve(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
-    lefts[i] = std::max(free, places[i].x - widths[i] / 2);
-    free = lefts[i] + widths[i] + gap;
+    groups.push_back({i, 1, widths[i], places[i].x - widths[i] / 2, 0});
+    groups.back().Settle(width);
+    while (groups.size() > 1) {
+      const TextGroup& last = groups.back();
+      TextGroup& before = groups[groups.size() - 2];
+      if (before.Left + before.Width + gap <= last.Left) break;
+      before.WishSum += last.WishSum - static_cast<double>(last.Count) * (before.Width + gap);
+      before.Width += gap + last.Width;
+      before.Count += last.Count;
+      before.Settle(width);
+      groups.pop_back();
+    }
   }
-  double end = width;
-  for (std::size_t i = places.size(); i-- > 0;) {
-    lefts[i] = std::min(lefts[i], end - widths[i]);
-    end = lefts[i] - gap;
+  std::vector<double> lefts(places.size());
+  for (const TextGroup& group : groups) {
+    double left = group.Left;
+    for (std::size_t i = group.First; i < group.First + group.Count; ++i) {
+      lefts[i] = left;
+      left += widths[i] + gap;
+    }
   }
   return lefts;
+}
+
+/// True where the cloth's edge turns sharply at the middle point: a corner of the sail.
+bool IsCorner(PlanePoint before, PlanePoint middle, PlanePoint after) {
+  constexpr double kSharpTurn = 0.35;  // 20 degrees
+  const double ax = middle.x - before.x, ay = middle.y - before.y;
+  const double bx = after.x - middle.x, by = after.y - middle.y;
+  if (std::hypot(ax, ay) < kSamePoint || std::hypot(bx, by) < kSamePoint) return false;
+  return std::abs(std::atan2(ax * by - ay * bx, ax * bx + ay * by)) > kSharpTurn;
 }
 
 }  // namespace
@@ -74,10 +111,21 @@ PanelOffsets OffsetsOf(const DevelopedPanels& panels, int panel) {
     addLower({panels.PanelLowerX(panel, k), panels.PanelLowerY(panel, k)});
   addLower(edge(0));
   addLower(edge(kLastPoint));
+  std::vector<PlanePoint> upperCorners;
+  for (const int first : {0, kAftCorner}) {
+    for (int k = first + 1; k < first + kForwardCorner; ++k) {
+      if (!IsCorner(edge(k - 1), edge(k), edge(k + 1))) continue;
+      const double lowerEnd = edge(first == 0 ? 0 : kLastPoint).y;
+      const double upperEnd = edge(first == 0 ? kForwardCorner : kAftCorner).y;
+      const bool low = std::abs(edge(k).y - lowerEnd) <= std::abs(edge(k).y - upperEnd);
+      low ? addLower(edge(k)) : upperCorners.push_back(edge(k));
+    }
+  }
   for (int k = kForwardCorner; k <= kAftCorner; k += kEvery)
     addUpper({panels.PanelUpperX(panel, k), panels.PanelUpperY(panel, k)});
   addUpper(edge(kForwardCorner));
   addUpper(edge(kAftCorner));
+  for (const PlanePoint& corner : upperCorners) addUpper(corner);
   SortByX(offsets.Lower);
   SortByX(offsets.Upper);
   return offsets;

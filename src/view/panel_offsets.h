@@ -18,8 +18,9 @@ struct PanelOffset {
 
 /// The offsets of one panel, each list in the order of its x: along the lower side the ends of the
 /// lower seam and every fifth of its points, along the upper side the same of the upper seam; the
-/// ends of both edges belong to the side where they lie. Points that coincide are listed once,
-/// with the lower side. The texts of the upper side start with a blank.
+/// ends of both edges, and a corner of the sail within an edge, belong to the side where they lie.
+/// Points that coincide are listed once, with the lower side. The texts of the upper side start
+/// with a blank.
 struct PanelOffsets {
   std::vector<PanelOffset> Lower;
   std::vector<PanelOffset> Upper;

@@ -15,6 +15,8 @@ namespace {
 /// Free between title, scale bar and sail, surface units.
 constexpr double kGap = 60;
 
+double TitleWidth(const Paper& paper) { return (1 - 2 * kPageMargin) * paper.Width; }
+
 /// The greatest size up to the heading's with which the title takes no more than the height.
 double TitleSize(const std::string& title, const Paper& paper, double largest, double height,
                  const TextMeasure& measure) {
@@ -22,7 +24,7 @@ double TitleSize(const std::string& title, const Paper& paper, double largest, d
   constexpr double kSmallest = 40;
   double size = largest;
   while (size > kSmallest) {
-    const std::size_t lines = WrapText(title, paper.Width, size, measure).size();
+    const std::size_t lines = WrapText(title, TitleWidth(paper), size, measure).size();
     if (static_cast<double>(lines) * kLineHeight * size <= height) break;
     size *= kShrink;
   }
@@ -61,7 +63,8 @@ Drawing PrintedDrawing(const SailDefinition& sail, const Paper& paper, Language 
   const std::string title = PageTitle(sail.SailName);
   if (!HasOutline(sail)) {
     const double size = TitleSize(title, paper, fonts.Heading, paper.Height, measure);
-    AddLines(page, title, {0, paper.Height}, paper.Width, size, measure);
+    AddLines(page, title, {kPageMargin * paper.Width, paper.Height}, TitleWidth(paper), size,
+             measure);
     return page;
   }
   const ViewState view = PrintView(sail, paper);
@@ -69,7 +72,8 @@ Drawing PrintedDrawing(const SailDefinition& sail, const Paper& paper, Language 
   const double barRoom = 2 * kGap + ScaleBarDepth(fonts.Label);
   const double size =
       TitleSize(title, paper, fonts.Heading, paper.Height - sailTop - barRoom, measure);
-  const double titleEnd = AddLines(page, title, {0, paper.Height}, paper.Width, size, measure);
+  const double titleEnd = AddLines(page, title, {kPageMargin * paper.Width, paper.Height},
+                                   TitleWidth(paper), size, measure);
   AddScaleBar(page, paper, view.ViewOffsetX, view.ViewScale, titleEnd - kGap, fonts.Label);
   AddPlan(sail, view, paper, language, measure, page);
   return page;

@@ -105,7 +105,7 @@ PageLayout LayOutPages(const std::vector<PrintedPanel>& panels, const Paper& pap
                           RowWidth(panel.Offsets.Upper, measure)});
   }
   layout.Fonts.Offset = std::min(layout.Fonts.Offset, paper.Width / widestRow);
-  layout.Reach = 2 * layout.Fonts.Offset;
+  layout.Reach = 2.5 * layout.Fonts.Offset;
   const double room = std::max(height - TextHeight(layout), 0.1 * height);
   const double fitting = std::min(kUsableShare * paper.Width / std::max(right - left, 1e-3),
                                   highest > 0 ? room / highest : kUnlimited);
@@ -142,7 +142,10 @@ void AddPanel(Drawing& page, const PrintedPanel& panel, const PageLayout& layout
   const double panelBottom = view.ViewOffsetY + panel.Bottom * layout.Scale;
   const double knee = layout.Reach / 4;
 
-  AddText(page, {{0, top}, PanelName(panel.Number, language), kBlack, layout.Fonts.Label});
+  AddText(page, {{kPageMargin * paper.Width, top},
+                 PanelName(panel.Number, language),
+                 kBlack,
+                 layout.Fonts.Label});
   AddStroke(page, MappedStroke(panel.Outline, plan, PenStyle::Solid));
   AddStroke(page, MappedStroke(panel.Guide, plan, PenStyle::Dashed));
   AddOffsetRow(page, panel.Offsets.Upper, PlacesOf(panel.Offsets.Upper, plan),

@@ -54,6 +54,33 @@ TEST(PanelOffsets, ACornerOfBothSeamsIsListedOnce) {
   EXPECT_EQ(offsets.Upper.size(), 6u);
 }
 
+TEST(PanelOffsets, ACornerOfTheSailWithinAnEdgeIsListed) {
+  DevelopedPanels panels;
+  SetRectangle(panels, 0, 3000, 800);
+  for (int k = 1; k < kForwardCorner; ++k) panels.PanelEdgeX(0, k) = -140 + 28 * k;
+  panels.PanelEdgeY(0, 1) = 30;  // the tack, where foot and luff meet
+  panels.PanelEdgeX(0, 36) = 3100;
+  panels.PanelEdgeY(0, 36) = 790;  // the peak
+  for (int k = 37; k < kLastPoint; ++k) panels.PanelEdgeX(0, k) = 3100 - 25 * (k - 36);
+  const PanelOffsets offsets = OffsetsOf(panels, 0);
+  ASSERT_EQ(offsets.Lower.size(), 8u);
+  EXPECT_EQ(offsets.Lower[0].Text, "X=-112; Y=30");
+  ASSERT_EQ(offsets.Upper.size(), 8u);
+  EXPECT_EQ(offsets.Upper[7].Text, " X=3100; Y=790");
+}
+
+TEST(PanelOffsets, ARoundEdgeHasNoCorners) {
+  DevelopedPanels panels;
+  SetRectangle(panels, 0, 3000, 800);
+  for (int k = 0; k <= kForwardCorner; ++k) {
+    const double t = k / 5.0;
+    panels.PanelEdgeX(0, k) = -200 * t * (1 - t);  // 50 mm in 800
+  }
+  const PanelOffsets offsets = OffsetsOf(panels, 0);
+  EXPECT_EQ(offsets.Lower.size(), 7u);
+  EXPECT_EQ(offsets.Upper.size(), 7u);
+}
+
 TEST(PanelOffsets, ValuesAreRoundedToWholeMillimetres) {
   DevelopedPanels panels;
   SetRectangle(panels, 0, 3000.5, 800);
@@ -75,6 +102,16 @@ TEST(OffsetRow, TextsStandUnderTheirPointsWhereThereIsRoom) {
   EXPECT_EQ(page.Texts[1].At, (PlanePoint{3760, 300}));
   EXPECT_EQ(page.Strokes[0].Points,
             (std::vector<PlanePoint>{{1000, 500}, {1000, 450}, {1000, 300}}));
+}
+
+TEST(OffsetRow, PushedTextsStayAroundTheirPoints) {
+  // Two texts of 480 and a gap of 60 about the middle of 3000 and 3100.
+  const std::vector<PanelOffset> row = {{{0, 0}, "X=0; Y=0"}, {{9, 0}, "X=9; Y=0"}};
+  Drawing page;
+  AddOffsetRow(page, row, {{3000, 500}, {3100, 500}}, {300, 100, 450, false}, 6000,
+               EstimatedTextWidth);
+  EXPECT_NEAR(page.Texts[0].At.x, 3050 - 510, 1e-9);
+  EXPECT_NEAR(page.Texts[1].At.x, 3050 + 30, 1e-9);
 }
 
 TEST(OffsetRow, CrowdedTextsAreSpreadInOrderWithinTheWidth) {
