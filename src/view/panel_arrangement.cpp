@@ -19,6 +19,10 @@ constexpr double kGapShare = 0.04;
 /// A stack of panels knows its reach in this many columns across the stacking direction.
 constexpr std::size_t kColumns = 256;
 
+/// Where the upper seam stands among the points of an outline.
+constexpr std::size_t kUpperSeamStart = 7;
+constexpr std::size_t kUpperSeamEnd = 37;
+
 constexpr double kNothing = std::numeric_limits<double>::infinity();
 
 Extent ExtentOf(const std::vector<PlacedPanel>& panels) {
@@ -89,20 +93,38 @@ class Columns {
   double width_;
 };
 
+/// Lowest point of a panel's upper seam, which the next panel is to lie above: a short panel must
+/// not slip down beside the one before.
+double UpperSeamBottom(const std::vector<PlanePoint>& outline) {
+  double bottom = kNothing;
+  for (std::size_t i = kUpperSeamStart; i <= kUpperSeamEnd; ++i)
+    bottom = std::min(bottom, outline[i].y);
+  return bottom;
+}
+
+double Bottom(const std::vector<PlanePoint>& outline) {
+  double bottom = kNothing;
+  for (const PlanePoint& point : outline) bottom = std::min(bottom, point.y);
+  return bottom;
+}
+
 /// Moves every panel up until it clears all that lie below it.
 void StackUpwards(std::vector<PlacedPanel>& panels, double gap) {
   const Columns columns(ExtentOf(panels));
   std::array<double, kColumns> skyline;
   skyline.fill(-kNothing);
   double shift = 0;
+  double seamBefore = -kNothing;
   for (PlacedPanel& panel : panels) {
     const Reach reach = columns.Of(panel.Outline);
+    shift = std::max(shift, seamBefore + gap - Bottom(panel.Outline));
     for (std::size_t column = 0; column < kColumns; ++column)
       if (skyline[column] > -kNothing && reach.Low[column] < kNothing)
         shift = std::max(shift, skyline[column] + gap - reach.Low[column]);
     ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x, point.y + shift}; });
     for (std::size_t column = 0; column < kColumns; ++column)
       skyline[column] = std::max(skyline[column], reach.High[column] + shift);
+    seamBefore = UpperSeamBottom(panel.Outline);
   }
 }
 

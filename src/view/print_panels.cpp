@@ -83,10 +83,12 @@ std::string Reference(const std::string& sailName, Language language) {
 double AddHeading(Drawing& page, const std::string& sailName, int number, const Paper& paper,
                   Language language, const TextMeasure& measure) {
   const PageFonts fonts = FontsFor(paper);
+  const double left = kPageMargin * paper.Width;
+  const double width = paper.Width - 2 * left;
   double top =
-      AddLines(page, PageTitle(sailName), {0, paper.Height}, paper.Width, fonts.Heading, measure);
-  top = AddLines(page, Reference(sailName, language), {0, top}, paper.Width, fonts.Label, measure);
-  return AddLines(page, "page " + PlainNumber(number), {0, top}, paper.Width, fonts.Label, measure);
+      AddLines(page, PageTitle(sailName), {left, paper.Height}, width, fonts.Heading, measure);
+  top = AddLines(page, Reference(sailName, language), {left, top}, width, fonts.Label, measure);
+  return AddLines(page, "page " + PlainNumber(number), {left, top}, width, fonts.Label, measure);
 }
 
 /// The one scale and font sizes with which every panel fits between the top and the page's end.

@@ -106,6 +106,15 @@ TEST(PanelArrangement, PanelsNestWhereTheirSeamsAllow) {
   EXPECT_LT(shift, 832 + 30);
 }
 
+TEST(PanelArrangement, AShortPanelDoesNotSlipDownBesideTheOneBefore) {
+  Sail sail = SailOfRectangles(kCrossCut);
+  SetRectangle(sail.Panels, 2, 100, 500);
+  for (int k = kForwardCorner; k <= kAftCorner; ++k) sail.Panels.PanelUpperX(1, k) += 600;
+  for (int k = 0; k <= kForwardCorner; ++k) sail.Panels.PanelEdgeX(1, k) = 120.0 * k;
+  const auto panels = ArrangePanels(sail, FittedView(sail.Definition));
+  EXPECT_NEAR(BoxOf(panels[2].Outline).Bottom, 832 + 732, 1e-9);
+}
+
 TEST(PanelArrangement, VerticalCutPanelsStandSideBySide) {
   const Sail sail = SailOfRectangles(kVerticalCut);
   const auto panels = ArrangePanels(sail, FittedView(sail.Definition));
