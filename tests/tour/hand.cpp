@@ -55,6 +55,27 @@ QRect PartOf(const QScrollBar& bar, QStyle::SubControl part) {
   return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar);
 }
 
+QMenuBar& BarOf(const QWidget& window) {
+  auto* bar = window.findChild<QMenuBar*>();
+  if (bar == nullptr) throw LostWay(window.objectName() + " has no menu bar");
+  return *bar;
+}
+
+/// The entry of a menu or menu bar with an object name, its own or that of the menu it opens.
+QAction* EntryOf(const QWidget& menu, const char* name) {
+  for (QAction* action : menu.actions())
+    if (action->objectName() == name ||
+        (action->menu() != nullptr && action->menu()->objectName() == name))
+      return action;
+  return nullptr;
+}
+
+QPoint PlaceOf(const QWidget& menu, QAction* entry) {
+  if (const auto* list = qobject_cast<const QMenu*>(&menu))
+    return list->actionGeometry(entry).center();
+  return static_cast<const QMenuBar&>(menu).actionGeometry(entry).center();
+}
+
 }  // namespace
 
 Hand::Hand() { Watch(); }
@@ -152,23 +173,20 @@ void Hand::Fill(QLineEdit& field, const QString& text) {
   Check();
 }
 
+bool Hand::MayPick(QWidget& window, const char* name) {
+  const QAction* entry = EntryOf(BarOf(window), name);
+  return entry != nullptr && entry->isEnabled();
+}
+
 void Hand::Pick(QWidget& window, const std::vector<const char*>& names) {
-  auto* bar = window.findChild<QMenuBar*>();
-  if (bar == nullptr) throw LostWay(window.objectName() + " has no menu bar");
-  QWidget* menu = bar;
+  QWidget* menu = &BarOf(window);
   for (const char* name : names) {
-    QAction* entry = nullptr;
-    for (QAction* action : menu->actions())
-      if (action->objectName() == name ||
-          (action->menu() != nullptr && action->menu()->objectName() == name))
-        entry = action;
+    QAction* entry = EntryOf(*menu, name);
     if (entry == nullptr) throw LostWay(QString("there is no menu entry %1").arg(name));
     if (!entry->isEnabled()) throw LostWay(QString("the menu entry %1 is disabled").arg(name));
-    const auto* open = qobject_cast<QMenu*>(menu);
-    ClickAt(*menu,
-            (open != nullptr ? open->actionGeometry(entry) : bar->actionGeometry(entry)).center());
-    if (entry->menu() == nullptr) break;
+    ClickAt(*menu, PlaceOf(*menu, entry));
     menu = entry->menu();
+    if (menu == nullptr) break;
     if (!QTest::qWaitFor([menu] { return menu->isVisible(); }, kPatience))
       throw LostWay(QString("the menu %1 does not open").arg(name));
     Rest();

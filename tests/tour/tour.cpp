@@ -103,19 +103,36 @@ class Tour {
     camera_.Take("02-dimensions", {&Dimensions()});
   }
 
+  /// The texts of all fields of the dimensions window.
+  QStringList Texts() {
+    QStringList texts;
+    for (const QLineEdit* field : Dimensions().findChildren<QLineEdit*>()) texts << field->text();
+    return texts;
+  }
+
+  /// The default sail again: what a length that was too short has brought with it is typed anew.
+  void TypeDefaults() {
+    for (const auto& [field, text] : {std::pair{"Luff", "4550"},
+                                      {"Foot", "3600"},
+                                      {"Diag", "5750"},
+                                      {"Gaff", "2600"},
+                                      {"LuffRond", "100"},
+                                      {"LeechRond", "-100"},
+                                      {"FootRond", "170"},
+                                      {"GaffRond", "130"}})
+      Fill(field, text);
+  }
+
   void TypeDimensions() {
     Stop("The dimensions, one of them too short");
+    const QStringList before = Texts();
     AgreeTo("Message", "03-dimensions-correction");
     Fill("Luff", "150");
     hand_.AllAnswered();
-    // The default sail again: what the short luff has brought with it is typed anew.
-    for (const auto& [field, text] : {std::pair{"Luff", "4550"},
-                                      {"LuffRond", "100"},
-                                      {"Foot", "3600"},
-                                      {"Diag", "5750"},
-                                      {"Gaff", "2600"}})
-      Fill(field, text);
+    TypeDefaults();
     camera_.Take("04-dimensions-typed", {&Dimensions()});
+    if (Texts() != before)
+      throw LostWay("the fields hold " + Texts().join(" ") + " instead of " + before.join(" "));
     ClickIn(Dimensions(), "Validation");
   }
 
@@ -174,7 +191,22 @@ class Tour {
     Open(files_.filePath("twistfoot/Newsail.bv3"));
   }
 
-  void VisitPatches(const char*) {}
+  void VisitPatches(const QString& language) {
+    if (!hand_.MayPick(Drawing(), "m_Patch")) return;
+    hand_.Pick(Drawing(), {"m_Patch"});
+    QWidget& patches = hand_.Window("Patch1");
+    camera_.Take("50-patches-" + language, {&patches});
+    hand_.Fill(hand_.In<QLineEdit>(patches, "Text2_1"), "20");
+    camera_.Take("51-patches-changed-" + language, {&patches});
+    hand_.Fill(hand_.In<QLineEdit>(patches, "Text2_1"), "9");
+    AgreeTo("Message", "52-patches-plotter-" + language);
+    ClickIn(patches, "Validate1_0");
+    hand_.AllAnswered();
+    AgreeTo("Message", "53-patches-dxf-" + language);
+    ClickIn(patches, "Validate1_1");
+    hand_.AllAnswered();
+    ClickIn(patches, "Cancel");
+  }
 
   void GoFrench() {
     Stop("The same in French");
@@ -186,9 +218,7 @@ class Tour {
     AgreeTo("Message", "42-dimensions-correction-french");
     Fill("Foot", "50");
     hand_.AllAnswered();
-    for (const auto& [field, text] :
-         {std::pair{"Foot", "3600"}, {"FootRond", "170"}, {"Diag", "5750"}, {"Gaff", "2600"}})
-      Fill(field, text);
+    TypeDefaults();
     ClickIn(Dimensions(), "Validation");
     ClickIn(Drawing(), "Legende1");
     camera_.Take("43-drawing-labels-french", {&Drawing()});
