@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <limits>
 #include <sstream>
+#include <system_error>
 
 #include "file_size_limit.h"
 #include "model/text_file.h"
@@ -101,7 +103,7 @@ TEST(PatchPlotter, Failures) {
   std::filesystem::remove(folder / "Patches.bp4");
   {
     const FileSizeLimit limit(500);
-    EXPECT_EQ(failure(folder.Path()).Text, "File too large");
+    EXPECT_EQ(failure(folder.Path()).Text, std::generic_category().message(EFBIG));
   }
   EXPECT_EQ(BytesOf(folder / "Patches.bp4"), GoldenBytes("Patches.bp4").substr(0, 500));
 }
@@ -182,7 +184,7 @@ TEST(PatchDxf, FullDisk) {
   const SaveOutcome outcome =
       SavePatchDxfFiles(StraightSail(), folder.Path(), Language::English, '.');
   ASSERT_TRUE(outcome.Failure);
-  EXPECT_EQ(outcome.Failure->Text, "No space left on device");
+  EXPECT_EQ(outcome.Failure->Text, std::generic_category().message(ENOSPC));
 }
 
 TEST(PatchDxf, NothingIsWrittenOfASailThatIsNotFinite) {

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <system_error>
 
 #include "file_size_limit.h"
 #include "scratch_folder.h"
@@ -248,7 +250,7 @@ TEST(SaveKinds, AFullDiskShowsTheSystemsWordsAndLeavesWhatWasWritten) {
     }
     ASSERT_TRUE(outcome.Failure);
     EXPECT_EQ(outcome.Failure->Title, example.FailureTitle);
-    EXPECT_EQ(outcome.Failure->Text, "File too large");
+    EXPECT_EQ(outcome.Failure->Text, std::generic_category().message(EFBIG));
     // The sail data file is the user's work: whole or not there at all.
     EXPECT_EQ(BytesOf(folder / example.Proposed).size(),
               example.Kind == SaveKind::SailData ? 0u : 100u);
@@ -263,7 +265,7 @@ TEST(SaveKinds, AFullDevice) {
   const SaveOutcome outcome =
       SaveSail(SaveKind::PanelsXY, sail, folder / "Main.xyz", Language::English, '.');
   ASSERT_TRUE(outcome.Failure);
-  EXPECT_EQ(outcome.Failure->Text, "No space left on device");
+  EXPECT_EQ(outcome.Failure->Text, std::generic_category().message(ENOSPC));
 }
 
 TEST(SaveKinds, ASailThatIsNotFiniteIsRefusedInTheLanguageAndTouchesNoFile) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <locale>
 #include <set>
 #include <sstream>
 
@@ -62,6 +63,7 @@ TEST(Vrml1, EveryIndexNamesAPointAndTheLowerEndsAreInNoFaceOfTheirStrip) {
   for (std::size_t n = 0; n < faces.size(); ++n) {
     const int strip = static_cast<int>(n / 42);
     std::istringstream numbers(Replaced(faces[n], ',', ' '));
+    numbers.imbue(std::locale::classic());
     for (int corner = 0; corner < 3; ++corner) {
       int index = -9;
       numbers >> index;
