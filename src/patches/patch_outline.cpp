@@ -1,7 +1,9 @@
 #include "patches/patch_outline.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "geometry/edge_round.h"
 #include "geometry/faults.h"
@@ -16,6 +18,11 @@ constexpr int kInnerSteps = 20;
 // Control point of the inner edge on both sides' own scales: 0.5 would be straight, less bends it
 // towards the corner.
 constexpr double kInnerBend = 0.35;
+
+// A patch is at least this deep at its corner, as a part of its shorter side; everywhere else its
+// inner edge keeps this share of it, growing from the ends.
+constexpr double kLeastDepth = 0.2;
+constexpr double kLeastShare = 0.25;
 
 PlanePoint InPlane(const Corner& corner) { return {corner.x, corner.y}; }
 
@@ -69,11 +76,102 @@ Sides SidesOf(const SailDefinition& sail, PatchCorner corner, double height, dou
   return {luff, {edges.Leech, true, width, stub}};
 }
 
-// Both sides' curves added: each is carried along the other, so that no point leaves the sail.
+using Points = std::vector<PlanePoint>;
+
+Points SidePoints(const Side& side) {
+  Points points;
+  for (int k = 0; k <= kSideSteps; ++k)
+    points.push_back(side.OnEdge(static_cast<double>(k) / kSideSteps));
+  return points;
+}
+
+// Both sides' curves added: each is carried along the other, so that no point leaves the sail
+// where the corner is not blunt.
 PlanePoint InnerPoint(const Sides& sides, PlanePoint corner, double t) {
   const double bend = 2 * t * (1 - t) * kInnerBend;
   const PlanePoint along = sides.Height.At((1 - t) * (1 - t) + bend) - corner;
   return sides.Width.At(t * t + bend) + along;
+}
+
+double InnerFraction(int step) { return static_cast<double>(step) / kInnerSteps; }
+
+// Share of the swelling that the inner edge's nth point, its ends not counted, takes: half an
+// ellipse over both ends.
+double Swell(std::size_t n) {
+  const double t = InnerFraction(static_cast<int>(n) + 1);
+  return 2 * std::sqrt(t * (1 - t));
+}
+
+// The patch's border along the sail, from the end of the one side over the corner to the end of
+// the other, in the direction of the sail's ring: the sail lies to the right.
+struct Border {
+  PlanePoint Start;
+  double Bearing = 0;
+  Points Path;
+
+  Border(const Points& in, const Points& out)
+      : Start(in.back()),
+        Bearing(DirectionAngle(in.back().x, in.back().y, out.back().x, out.back().y)) {
+    Path.assign(in.rbegin(), in.rend());
+    Path.insert(Path.end(), out.begin(), out.end());
+    for (PlanePoint& point : Path) point = Turned(point);
+  }
+
+  // Turned about the start, so that x runs along the straight line between both ends.
+  PlanePoint Turned(PlanePoint point) const {
+    RotatePoint(Start.x, Start.y, point.x, point.y, -Bearing);
+    return point;
+  }
+
+  // The inner point that stands nearest above the corner; none where the corner juts out beyond
+  // the ends.
+  std::size_t Opposite(const Points& inner) const {
+    const double corner = Path[kSideSteps].x;
+    if (corner <= 0 || corner >= Path.back().x) return inner.size();
+    const auto distance = [&](PlanePoint point) { return std::abs(Turned(point).x - corner); };
+    const auto nearest =
+        std::min_element(inner.begin(), inner.end(),
+                         [&](PlanePoint a, PlanePoint b) { return distance(a) < distance(b); });
+    return static_cast<std::size_t>(nearest - inner.begin());
+  }
+
+  // How far a point lies inside of the border, measured square to that line.
+  double Gap(PlanePoint inner) const {
+    const PlanePoint point = Turned(inner);
+    double gap = std::numeric_limits<double>::max();
+    for (std::size_t k = 1; k < Path.size(); ++k) {
+      const PlanePoint& a = Path[k - 1];
+      const PlanePoint& b = Path[k];
+      if ((a.x > point.x) == (b.x > point.x)) continue;
+      const double t = (point.x - a.x) / (b.x - a.x);
+      gap = std::min(gap, Between(a, b, t).y - point.y);
+    }
+    return gap;
+  }
+};
+
+// The inner edge without its ends. A blunt corner, as that below a steep gaff, leaves it no depth:
+// there it swells into the sail.
+Points InnerEdge(const Sides& sides, const Points& height, const Points& width) {
+  const PlanePoint corner = sides.Height.At(0);
+  const Border border = sides.Height.FromStart ? Border(width, height) : Border(height, width);
+  const double least =
+      kLeastDepth * std::min(Length(height.back() - corner), Length(width.back() - corner));
+  Points points;
+  for (int k = 1; k < kInnerSteps; ++k)
+    points.push_back(InnerPoint(sides, corner, InnerFraction(k)));
+
+  double swell = 0;
+  const std::size_t opposite = border.Opposite(points);
+  if (opposite == points.size()) return points;
+  for (std::size_t n = 0; n < points.size(); ++n) {
+    const double share = Swell(n);
+    const double need = n == opposite ? least : least * kLeastShare * share;
+    swell = std::max(swell, (need - border.Gap(points[n])) / share);
+  }
+  const PlanePoint inward = {std::sin(border.Bearing), -std::cos(border.Bearing)};
+  for (std::size_t n = 0; n < points.size(); ++n) points[n] = points[n] + swell * Swell(n) * inward;
+  return points;
 }
 
 }  // namespace
@@ -106,18 +204,15 @@ std::vector<PlanePoint> PatchOutline(const Sail& sail, PatchCorner corner, int l
   const double size = (layer == 0 ? 1.0 : kUpperLayerSize) / 100;
   const Sides sides = SidesOf(sail.Definition, corner, sail.Patches.PatchHeight.at(index) * size,
                               sail.Patches.PatchWidth.at(index) * size);
-  const PlanePoint start = sides.Height.At(0);
+  const Points height = SidePoints(sides.Height);
+  const Points width = SidePoints(sides.Width);
+  const Points inner = InnerEdge(sides, height, width);
 
-  std::vector<PlanePoint> outline;
-  outline.reserve(2 * kSideSteps + kInnerSteps + 2);
-  for (int k = 0; k <= kSideSteps; ++k)
-    outline.push_back(sides.Height.OnEdge(static_cast<double>(k) / kSideSteps));
-  for (int k = 1; k < kInnerSteps; ++k)
-    outline.push_back(InnerPoint(sides, start, static_cast<double>(k) / kInnerSteps));
-  for (int k = kSideSteps; k > 0; --k)
-    outline.push_back(sides.Width.OnEdge(static_cast<double>(k) / kSideSteps));
-  if (!(sides.Width.Offset == PlanePoint{})) outline.push_back(sides.Width.OnEdge(0));
-  outline.push_back(start);
+  Points outline = height;
+  outline.insert(outline.end(), inner.begin(), inner.end());
+  outline.insert(outline.end(), width.rbegin(), width.rend());
+  // Where the stub lies between them, the width's edge does not begin at the corner.
+  if (!(outline.back() == outline.front())) outline.push_back(outline.front());
 
   for (const PlanePoint& point : outline) {
     RequireFinite(point.x);

@@ -36,8 +36,9 @@ std::string_view PatchWord(PatchCorner corner);
 /// upright: from the corner along the edge that carries the height, over the inner edge, back
 /// along the edge that carries the width; the last point is the first one again. Both sides are
 /// the sail's own rounded edges; the inner edge is slightly hollow on straight edges and bends
-/// with them, so that the patch stays inside the sail where an edge is hollow. Layer 1 goes 80 %
-/// as far along both edges.
+/// with them, so that the patch stays inside the sail where an edge is hollow; at a blunt corner,
+/// as below a steep gaff, it swells into the sail. Layer 1 goes 80 % as far along both edges and
+/// lies inside layer 0.
 ///
 /// On a sail without a gaff the head patch covers the whole head: its width runs down the leech, %
 /// of the leech, and the stub belongs to its outline. There is no peak patch then, but its outline

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -141,6 +143,24 @@ TEST(PatchOutline, TheHeadOfATriangularSailRunsDownTheLeech) {
   // The stub is part of it: no corner is cut off.
   ExpectPoint(outline[60], peak.x, peak.y);
   ExpectPoint(outline[61], 0, 4550);
+}
+
+TEST(PatchOutline, ABluntCornerGetsAPatchWithDepth) {
+  // Luff and gaff stand in one line: without the swelling the patch would have no area.
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = 0;
+  sail.Definition.PeakPoint = {0, 6000, 0};
+  for (int layer = 0; layer < kPatchLayers; ++layer) {
+    const auto outline = PatchOutline(sail, PatchCorner::Head, layer);
+    const double shorter = (layer == 0 ? 1 : 0.8) * 200;  // a tenth of the gaff
+    double deepest = 0;
+    for (std::size_t k = 21; k < 40; ++k) {
+      EXPECT_GT(outline[k].x, 0);
+      deepest = std::max(deepest, outline[k].x);
+    }
+    EXPECT_GE(deepest, 0.2 * shorter - 1e-9);
+    EXPECT_LE(deepest, 0.3 * shorter);
+  }
 }
 
 TEST(PatchOutline, CodesAndWords) {
