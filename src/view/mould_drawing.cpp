@@ -16,6 +16,10 @@ constexpr int kProfilePoints = 101;
 constexpr double kTopHeight = 0.9;
 constexpr double kScaleStep = 10;  // % of the chord
 
+/// A profile may rise this far above the topmost mark: its true maximum lies between two samples
+/// of the search that gives it its depth, %.
+constexpr double kOverScale = 0.2;
+
 /// The deepest profile that the scale still tells in steps, %.
 constexpr double kDeepestScale = 100;
 
@@ -43,8 +47,8 @@ std::string Percent(double value) { return PlainNumber(value) + '%'; }
 /// Where chord fractions and depths lie on the picture.
 struct ProfileFrame {
   ProfileFrame(double deepest, const PictureSize& picture) {
-    ScaleTop =
-        kScaleStep * std::clamp(std::ceil(deepest / kScaleStep), 1.0, kDeepestScale / kScaleStep);
+    ScaleTop = kScaleStep * std::clamp(std::ceil((deepest - kOverScale) / kScaleStep), 1.0,
+                                       kDeepestScale / kScaleStep);
     Left = 0.08 * picture.Width;
     ChordLength = 0.9 * picture.Width;
     Base = std::min(2 * kMarkSize, 0.3 * picture.Height);
