@@ -293,6 +293,10 @@ void RemoveOldFile(const std::string& path) {
 }
 
 void WriteFileSafely(const std::string& path, std::string_view text) {
+  WriteBytesSafely(path, ToCodePage1252(text));
+}
+
+void WriteBytesSafely(const std::string& path, std::string_view bytes) {
   RefuseUnusablePath(path);
   const std::string target = FollowLinks(path);
   const std::optional<struct stat> old = StatusOfTarget(target);
@@ -303,7 +307,6 @@ void WriteFileSafely(const std::string& path, std::string_view text) {
     if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) Fail(errno, FileStep::Opening);
   }
   const std::string folder = FolderOf(target);
-  const std::string bytes = ToCodePage1252(text);
   TemporaryFile temporary(folder);
   FillTemporary(temporary, old, bytes);
   temporary.Replace(target);

@@ -36,4 +36,7 @@ void RemoveOldFile(const std::string& path);
 /// file and files without any write permission. Other hard links keep the old text.
 void WriteFileSafely(const std::string& path, std::string_view text);
 
+/// The same for a file that is no text: the bytes as they are.
+void WriteBytesSafely(const std::string& path, std::string_view bytes);
+
 }  // namespace brivane

@@ -10,6 +10,8 @@
 #include "ui/dessin1.h"
 #include "ui/mnemonics.h"
 #include "ui/open_command.h"
+#include "ui/printer_setup.h"
+#include "ui/printing.h"
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 #include "view/navigation.h"
@@ -57,10 +59,12 @@ void Dessin1::BuildFileMenu() {
   fmenu->addSeparator()->setObjectName("fSep2");
   fprint = fmenu->addMenu(QString());
   fprint->setObjectName("fprint");
-  fPrint_Data = AddCommand(fprint, "fPrint_Data", {});
-  fPrint_Drawing = AddCommand(fprint, "fPrint_Drawing", {});
-  fPrint_Panels = AddCommand(fprint, "fPrint_Panels", {});
-  fprint_setup = AddCommand(fprint, "fprint_setup", {});
+  fPrint_Data = AddCommand(fprint, "fPrint_Data", [this] { PrintReport(this, Report::Data); });
+  fPrint_Drawing =
+      AddCommand(fprint, "fPrint_Drawing", [this] { PrintReport(this, Report::Drawing); });
+  fPrint_Panels =
+      AddCommand(fprint, "fPrint_Panels", [this] { PrintReport(this, Report::Panels); });
+  fprint_setup = AddCommand(fprint, "fprint_setup", [this] { SetUpPrinter(this); });
   fmenu->addSeparator()->setObjectName("fSep3");
   fSave = fmenu->addMenu(QString());
   fSave->setObjectName("fSave");

@@ -73,7 +73,16 @@ QString ReplaceWords(const std::vector<std::string>& files) {
   return lines.join("\n") + "\n\n" + CurrentText(question);
 }
 
-bool MayReplace(QWidget* parent, const std::vector<std::string>& files) {
+}  // namespace
+
+std::vector<std::string> ExistingFiles(const std::vector<std::string>& files) {
+  std::vector<std::string> existing;
+  for (const std::string& file : files)
+    if (QFileInfo::exists(ToQt(file))) existing.push_back(file);
+  return existing;
+}
+
+bool ConfirmReplacing(QWidget* parent, const std::vector<std::string>& files) {
   if (files.empty()) return true;
   const QPointer<QMessageBox> box = new QMessageBox(parent);
   box->setObjectName("ReplaceQuestion");
@@ -91,8 +100,6 @@ bool MayReplace(QWidget* parent, const std::vector<std::string>& files) {
   delete box.data();
   return confirmed;
 }
-
-}  // namespace
 
 QString CurrentFolder() {
   if (Folder().isEmpty()) {
@@ -126,7 +133,7 @@ std::optional<std::string> AskSavePath(QWidget* parent, const SaveQuestion& ques
   dialog->setLabelText(QFileDialog::Accept, CurrentText(texts::kSaveButton));
   dialog->selectFile(question.ProposedName);
   dialog->MayAccept = [&question, dialog](const QString& typed) {
-    return MayReplace(dialog, question.Replaced(question.Complete(FromQt(typed))));
+    return ConfirmReplacing(dialog, question.Replaced(question.Complete(FromQt(typed))));
   };
   const std::optional<std::string> path = Run(dialog);
   if (!path) return std::nullopt;

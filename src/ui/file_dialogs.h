@@ -9,6 +9,12 @@
 
 namespace brivane {
 
+/// Those of the files that exist.
+std::vector<std::string> ExistingFiles(const std::vector<std::string>& files);
+
+/// Asks whether the files, which exist, may be replaced. True without asking when there are none.
+bool ConfirmReplacing(QWidget* parent, const std::vector<std::string>& files);
+
 /// The folder of the last file dialog: at first the user's documents folder, or the working
 /// directory where there is none.
 QString CurrentFolder();

@@ -14,18 +14,19 @@ namespace {
 
 QColor InkOf(const Colour& ink) { return {ink.Red, ink.Green, ink.Blue}; }
 
-QPen PenOf(const Stroke& stroke) {
-  QPen pen(InkOf(stroke.Ink), 1);
+QPen PenOf(const Stroke& stroke, double width) {
+  QPen pen(InkOf(stroke.Ink), width);
   pen.setCosmetic(true);
   if (stroke.Pen == PenStyle::Dashed) pen.setDashPattern({6, 4});
   return pen;
 }
 
-void PaintStroke(QPainter& painter, const Stroke& stroke, const QTransform& toDevice) {
+void PaintStroke(QPainter& painter, const Stroke& stroke, const QTransform& toDevice,
+                 double penWidth) {
   QPolygonF line;
   line.reserve(static_cast<qsizetype>(stroke.Points.size()));
   for (const PlanePoint& point : stroke.Points) line << toDevice.map(QPointF(point.x, point.y));
-  painter.setPen(PenOf(stroke));
+  painter.setPen(PenOf(stroke, penWidth));
   painter.drawPolyline(line);
 }
 
@@ -71,8 +72,9 @@ QTransform SurfaceToPixels(const QSizeF& pixels) {
   return toPixels;
 }
 
-void PaintDrawing(QPainter& painter, const Drawing& drawing, const QTransform& toDevice) {
-  for (const Stroke& stroke : drawing.Strokes) PaintStroke(painter, stroke, toDevice);
+void PaintDrawing(QPainter& painter, const Drawing& drawing, const QTransform& toDevice,
+                  double penWidth) {
+  for (const Stroke& stroke : drawing.Strokes) PaintStroke(painter, stroke, toDevice, penWidth);
   PaintTexts(painter, drawing, toDevice);
 }
 

@@ -75,6 +75,17 @@ inline constexpr std::string_view kInvalidFileType = "Invalid file type selected
 inline constexpr BilingualText kCancelSelected{"No file was chosen.", "Aucun fichier choisi."};
 inline constexpr std::string_view kOpenTitle = " : Dessin1 File Open procedure";
 
+// Printing.
+inline constexpr std::string_view kPrinterProblem = "Printer problem";
+inline constexpr BilingualText kPrinter{"P&rinter", "I&mprimante"};
+inline constexpr BilingualText kPdfFile{"PDF file", "Fichier PDF"};
+inline constexpr BilingualText kPdfFiles{"PDF files", "Fichiers PDF"};
+inline constexpr BilingualText kPdfPath{"&File name", "Nom de &fichier"};
+inline constexpr BilingualText kBrowse{"&Browse…", "Pa&rcourir…"};
+inline constexpr BilingualText kPaper{"P&aper", "Pa&pier"};
+inline constexpr BilingualText kPortrait{"P&ortrait", "P&ortrait"};
+inline constexpr BilingualText kLandscape{"&Landscape", "Pa&ysage"};
+
 // File dialogs.
 inline constexpr BilingualText kOpenDialog{"Open", "Ouvrir"};
 inline constexpr BilingualText kSaveDialog{"Save as", "Enregistrer sous"};
