@@ -157,7 +157,10 @@ std::string FollowLinks(std::string path) {
     const ssize_t length = readlink(path.c_str(), target.data(), target.size());
     if (length < 0) return path;
     const std::string to(target.data(), static_cast<std::size_t>(length));
-    path = to.starts_with('/') ? to : FolderOf(path) + to;
+    if (to.starts_with('/'))
+      path = to;
+    else
+      path = FolderOf(path).append(to);
   }
   Fail(ELOOP, FileStep::Opening);
 }

@@ -91,6 +91,11 @@ int rename(const char* from, const char* to) noexcept {
   return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
 }
 
+int unlink(const char* path) noexcept {
+  if (Strikes(SystemCall::Unlink)) return -1;
+  return static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+}
+
 int fchmod(int descriptor, mode_t mode) noexcept {
   if (Strikes(SystemCall::ChangeMode)) return -1;
   return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));

@@ -13,6 +13,7 @@ enum class SystemCall {
   Flush,
   Close,
   Rename,
+  Unlink,
   ChangeMode,
   ChangeOwner,
   Status,

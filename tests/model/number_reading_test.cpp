@@ -1,11 +1,11 @@
+#include "model/number_reading.h"
+
 #include <gtest/gtest.h>
 
 #include <cfloat>
 #include <clocale>
 #include <cmath>
 #include <string>
-
-#include "model/number_text.h"
 
 namespace brivane {
 namespace {

@@ -131,6 +131,67 @@ TEST(Sail, IsTriangularBelowSixMillimetresOfGaff) {
   EXPECT_TRUE(IsTriangular(sail));
 }
 
+TEST(SailDefinition, DiffersByEveryField) {
+  using Change = void (*)(SailDefinition&);
+  const Change changes[] = {[](SailDefinition& s) { s.SailName += 'x'; },
+                            [](SailDefinition& s) { s.CutType += 'x'; },
+                            [](SailDefinition& s) { s.MouldLabel += 'x'; },
+                            [](SailDefinition& s) { s.CutLabel += 'x'; },
+                            [](SailDefinition& s) { s.LuffLength += 1; },
+                            [](SailDefinition& s) { s.LuffRake += 1; },
+                            [](SailDefinition& s) { s.FootLength += 1; },
+                            [](SailDefinition& s) { s.LeechLength += 1; },
+                            [](SailDefinition& s) { s.DiagonalLength += 1; },
+                            [](SailDefinition& s) { s.ClewPoint.x += 1; },
+                            [](SailDefinition& s) { s.ClewPoint.y += 1; },
+                            [](SailDefinition& s) { s.ClewPoint.z += 1; },
+                            [](SailDefinition& s) { s.PeakPoint.x += 1; },
+                            [](SailDefinition& s) { s.GaffLength += 1; },
+                            [](SailDefinition& s) { s.GaffAngle += 1; },
+                            [](SailDefinition& s) { s.LeechAngle += 1; },
+                            [](SailDefinition& s) { s.FootAngle += 1; },
+                            [](SailDefinition& s) { s.SailArea += 1; },
+                            [](SailDefinition& s) { s.LuffRound += 1; },
+                            [](SailDefinition& s) { ++s.LuffRoundPos; },
+                            [](SailDefinition& s) { s.LeechRound += 1; },
+                            [](SailDefinition& s) { ++s.LeechRoundPos; },
+                            [](SailDefinition& s) { s.FootRound += 1; },
+                            [](SailDefinition& s) { ++s.FootRoundPos; },
+                            [](SailDefinition& s) { ++s.GaffRound; },
+                            [](SailDefinition& s) { ++s.GaffRoundPos; },
+                            [](SailDefinition& s) { s.Depth[1] += 1; },
+                            [](SailDefinition& s) { s.LuffShape[2] += 1; },
+                            [](SailDefinition& s) { s.LeechShape[0] += 1; },
+                            [](SailDefinition& s) { s.DepthPosition += 1; },
+                            [](SailDefinition& s) { s.TwistAngle += 1; },
+                            [](SailDefinition& s) { ++s.ClothWidth; },
+                            [](SailDefinition& s) { ++s.SeamWidth; },
+                            [](SailDefinition& s) { ++s.PanelCount; }};
+  for (const Change change : changes) {
+    SailDefinition sail;
+    change(sail);
+    EXPECT_NE(sail, SailDefinition{}) << &change - changes;
+  }
+}
+
+TEST(Sail, ErasesItsGridAndPanels) {
+  SurfaceGrid grid;
+  for (SurfaceTable* table : {&grid.SurfaceX, &grid.SurfaceY, &grid.SurfaceZ}) {
+    (*table)(3, 4) = 5;
+    EXPECT_NE(grid, SurfaceGrid{});
+    grid.Erase();
+    EXPECT_EQ(grid, SurfaceGrid{});
+  }
+  DevelopedPanels panels;
+  for (PanelTable* table : {&panels.PanelLowerX, &panels.PanelLowerY, &panels.PanelUpperX,
+                            &panels.PanelUpperY, &panels.PanelEdgeX, &panels.PanelEdgeY}) {
+    (*table)(3, 4) = 5;
+    EXPECT_NE(panels, DevelopedPanels{});
+    panels.Erase();
+    EXPECT_EQ(panels, DevelopedPanels{});
+  }
+}
+
 TEST(Table, RefusesAnIndexOutsideItsBounds) {
   SurfaceTable table;
   table(0, -1) = 1;

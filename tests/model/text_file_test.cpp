@@ -72,6 +72,23 @@ class FileSizeLimit {
   void (*oldHandler_)(int) = nullptr;
 };
 
+/// Gives up the superuser's rights, where the tests run with them.
+class OrdinaryUser {
+ public:
+  OrdinaryUser() {
+    if (wasSuperuser_ && seteuid(kNobody) != 0) ADD_FAILURE() << "still the superuser";
+  }
+  ~OrdinaryUser() {
+    if (wasSuperuser_ && seteuid(0) != 0) ADD_FAILURE() << "no longer the superuser";
+  }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  bool wasSuperuser_ = geteuid() == 0;
+};
+
 /// A socket that a path leads to.
 class SocketFile {
  public:
@@ -191,11 +208,29 @@ TEST_P(BothWriters, RefuseAFileWithoutWritePermissionEvenForTheSuperuser) {
 }
 
 TEST_P(BothWriters, RefuseAReadOnlyFolder) {
-  if (geteuid() == 0) GTEST_SKIP() << "the superuser may write to any folder";
   fs::create_directory(folder.Path("sub"));
+  ASSERT_EQ(chmod(folder.Path("").c_str(), 0755), 0);
   ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0555), 0);
-  ExpectFault([&] { Write(folder.Path("sub/a.txt"), "x"); }, NoPermission, FileStep::Opening);
+  {
+    const OrdinaryUser user;
+    ExpectFault([&] { Write(folder.Path("sub/a.txt"), "x"); }, NoPermission, FileStep::Opening);
+  }
+  EXPECT_TRUE(fs::is_empty(folder.Path("sub")));
   ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0755), 0);
+}
+
+TEST_P(BothWriters, RefuseAFileThatOnlyOthersMayWrite) {
+  const std::string path = folder.Path("a.txt");
+  PutBytes(path, "old");
+  ASSERT_EQ(chmod(folder.Path("").c_str(), 0777), 0);
+  ASSERT_EQ(chmod(path.c_str(), geteuid() == 0 ? 0644 : 0422), 0);
+  {
+    const OrdinaryUser user;  // may replace the file in this folder, but not write to it
+    ExpectFault([&] { Write(path, "x"); }, NoPermission, FileStep::Opening);
+  }
+  ASSERT_EQ(chmod(path.c_str(), 0644), 0);
+  EXPECT_EQ(BytesOf(path), "old");
+  EXPECT_EQ(folder.Entries(), 1U);
 }
 
 TEST_P(BothWriters, TellTheCauseOfARefusedOpening) {
@@ -259,12 +294,14 @@ TEST_P(BothWriters, KeepTheOwnerOfAnOldFile) {
   if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
   const std::string path = folder.Path("a.txt");
   PutBytes(path, "old");
-  ASSERT_EQ(chown(path.c_str(), 1234, 2345), 0);
-  Write(path, "new");
-  struct stat status {};
-  ASSERT_EQ(stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_uid, 1234U);
-  EXPECT_EQ(status.st_gid, 2345U);
+  for (const auto& [owner, group] : {std::pair(1234U, 2345U), std::pair(0U, 2345U)}) {
+    ASSERT_EQ(chown(path.c_str(), owner, group), 0);
+    Write(path, "new");
+    struct stat status {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, owner);
+    EXPECT_EQ(status.st_gid, group);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(TextFile, BothWriters, testing::Values(&WritePlainFile, &WriteFileSafely),
@@ -439,6 +476,47 @@ TEST_F(SafeWriting, LeavesOtherHardLinksAlone) {
   EXPECT_EQ(BytesOf(folder.Path("copy.bv3")), "the old sail");
 }
 
+// --- Removing ----------------------------------------------------------------------------------
+
+TEST(RemoveOldFile, RemovesAFileAndIsContentWithoutOne) {
+  const TemporaryFolder folder;
+  PutBytes(folder.Path("a.txt"), "old");
+  RemoveOldFile(folder.Path("a.txt"));
+  EXPECT_EQ(folder.Entries(), 0U);
+  EXPECT_NO_THROW(RemoveOldFile(folder.Path("a.txt")));
+}
+
+TEST(RemoveOldFile, RemovesALinkAndNotItsTarget) {
+  const TemporaryFolder folder;
+  PutBytes(folder.Path("a.txt"), "old");
+  fs::create_symlink("a.txt", folder.Path("link"));
+  RemoveOldFile(folder.Path("link"));
+  EXPECT_EQ(folder.Entries(), 1U);
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "old");
+}
+
+TEST(RemoveOldFile, RefusesWhatIsNotOurs) {
+  const TemporaryFolder folder;
+  ExpectFault([&] { RemoveOldFile(folder.Path("")); }, IsAFolder, FileStep::Opening);
+  ExpectFault([] { RemoveOldFile("/dev/null"); }, NotARegularFile, FileStep::Opening);
+  ExpectFault([] { RemoveOldFile(""); }, NoSuchFolder, FileStep::Opening);
+  PutBytes(folder.Path("a.txt"), "old");
+  ASSERT_EQ(chmod(folder.Path("a.txt").c_str(), 0444), 0);
+  ExpectFault([&] { RemoveOldFile(folder.Path("a.txt")); }, ReadOnly, FileStep::Opening);
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "old");
+}
+
+TEST(RemoveOldFile, TellsWhyAFileStays) {
+  const TemporaryFolder folder;
+  PutBytes(folder.Path("a.txt"), "old");
+  {
+    const SystemFault gone(SystemCall::Unlink, ENOENT);  // somebody else was faster
+    EXPECT_NO_THROW(RemoveOldFile(folder.Path("a.txt")));
+  }
+  const SystemFault fault(SystemCall::Unlink, EACCES);
+  ExpectFault([&] { RemoveOldFile(folder.Path("a.txt")); }, NoPermission, FileStep::Opening);
+}
+
 // --- Reading -----------------------------------------------------------------------------------
 
 class Reading : public testing::Test {
@@ -469,10 +547,12 @@ TEST_F(Reading, TakesAFileOfOneMebibyteAndNoMore) {
   ExpectFault([&] { ReadBytes(std::string(kLargestFile + 1, 'x')); }, Other, FileStep::Reading);
 }
 
-TEST_F(Reading, StopsAtAFileThatGrows) {
-  PutBytes(folder.Path("a.txt"), "x");
-  // The kernel tells a size of 0 for its own files, however much they hold.
+// The system tells a size of 0 for files of its own, however much they hold.
+TEST_F(Reading, GoesByWhatComesRatherThanByTheSizeTold) {
   EXPECT_FALSE(ReadWholeFile("/proc/self/maps").empty());
+  const std::string large = "/proc/kallsyms";
+  if (BytesOf(large).size() <= kLargestFile) GTEST_SKIP() << "no large file of the system's here";
+  ExpectFault([&] { ReadWholeFile(large); }, Other, FileStep::Reading);
 }
 
 TEST_F(Reading, RefusesWhatIsNoRegularFile) {
