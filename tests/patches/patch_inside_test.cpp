@@ -15,7 +15,7 @@
 namespace brivane {
 namespace {
 
-constexpr int kBorderSteps = 400;
+constexpr int kBorderSteps = 200;
 
 using Polygon = std::vector<PlanePoint>;
 
@@ -143,7 +143,7 @@ TEST(PatchInside, BothLayersOfEveryPatchLieInsideTheSail) {
   RandomSails sails;
   Sail sail;
   int tried = 0;
-  for (int n = 0; n < 1500; ++n) {
+  for (int n = 0; n < 400; ++n) {
     if (!sails.Next(sail)) continue;
     ++tried;
     const Polygon border = BorderOf(sail.Definition, kBorderSteps);
