@@ -87,11 +87,11 @@ std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
                          std::vector<DxfStage>& stages) {
   const DevelopedPanels& panels = sail.Panels;
   std::string text;
-  text.reserve(kPanelVertices * kVertexBytes);
   const auto stage = [&](std::string_view label) { stages.push_back({label, text.size()}); };
 
   stages.clear();
   stage("Header");
+  text.reserve(kPanelVertices * kVertexBytes);
   WriteEntitiesHead(
       text, std::string(ProgramTitle) + " - panel" + Whole(kBlankTwoDigitsBlank, panel + 1));
 
