@@ -76,7 +76,7 @@ void LayApex(const StripPoint& a, const StripPoint& b, StripPoint& apex, double 
   const double side = std::abs(normal.z) > kUpright * area ? normal.z : upright;
   const double along = Dot(base, arm) / length;
   const double across = std::copysign(area / length, side);
-  const PlanePoint direction = (1 / Length(flatBase)) * flatBase;
+  const PlanePoint direction = (1 / length) * (b.flat - a.flat);  // the base lies in its length
   apex.flat = a.flat + along * direction + across * PlanePoint{-direction.y, direction.x};
 }
 

@@ -11,7 +11,7 @@ constexpr int kSeamPoints = kAftCorner - kForwardCorner + 1;
 constexpr int kFirstOnCut = kForwardCorner + 1;  ///< guide points that lie on the cut
 constexpr int kLastOnCut = kAftCorner - 1;
 
-std::size_t At(int point) { return static_cast<std::size_t>(point); }
+std::size_t Index(int point) { return static_cast<std::size_t>(point); }
 
 /// The upper seam moved inside by the seam width and lengthened at both ends.
 using OffsetSeam = std::array<PlanePoint, kSeamPoints + 2>;
@@ -37,41 +37,43 @@ OffsetSeam MoveInside(const FlatPanel& panel, double seamWidth) {
     before = after;
   }
   offset.front() = offset[1] - length * first;
-  offset.back() = offset[At(kSeamPoints)] + length * before;
+  offset.back() = offset[Index(kSeamPoints)] + length * before;
   return offset;
 }
 
 /// Where the segment a–b crosses c–d, as the fraction of c–d; none when they do not meet.
 std::optional<double> Meeting(PlanePoint a, PlanePoint b, PlanePoint c, PlanePoint d) {
-  const double turn = Cross(b - a, d - c);
+  const double before = Cross(b - a, c - a);
+  const double after = Cross(b - a, d - a);
+  if ((before > 0) == (after > 0) && before != 0 && after != 0) return std::nullopt;
+  const double turn = after - before;
   if (turn == 0) return std::nullopt;
-  const double onCut = Cross(c - a, d - c) / turn;
-  const double onSeam = Cross(c - a, b - a) / turn;
-  if (onCut < 0 || onCut > 1 || onSeam < 0 || onSeam > 1) return std::nullopt;
-  return onSeam;
+  const double onCut = Cross(d - c, a - c) / turn;
+  if (onCut < 0 || onCut > 1) return std::nullopt;
+  return -before / turn;
 }
 
-/// Place on the offset seam (segment index plus fraction) at which the cut, walked from the upper
-/// corner on, first meets it.
-template <std::size_t Count>
-std::optional<double> FirstMeeting(const OffsetSeam& seam,
-                                   const std::array<PlanePoint, Count>& cut) {
-  for (std::size_t i = 0; i + 1 < cut.size(); ++i)
-    for (std::size_t k = 0; k + 1 < seam.size(); ++k)
-      if (const auto fraction = Meeting(cut[i], cut[i + 1], seam[k], seam[k + 1]))
-        return static_cast<double>(k) + *fraction;
+/// Point n of the cut from an upper corner down the edge and on along the lower seam.
+PlanePoint CutPoint(const FlatPanel& panel, bool forward, int n) {
+  if (n <= kForwardCorner) return panel.Edge[Index(forward ? kForwardCorner - n : kAftCorner + n)];
+  return panel.Lower[Index(forward ? n : kLastPoint - n)];
+}
+
+/// Place on the offset seam (segment index plus fraction) at which the cut, walked from an upper
+/// corner on, first meets it. The seam is searched from the same end.
+std::optional<double> FirstMeeting(const FlatPanel& panel, const OffsetSeam& seam, bool forward) {
+  constexpr int kCutSegments = kAftCorner;
+  constexpr int kSeamSegments = kSeamPoints + 1;
+  for (int n = 0; n < kCutSegments; ++n) {
+    const PlanePoint a = CutPoint(panel, forward, n);
+    const PlanePoint b = CutPoint(panel, forward, n + 1);
+    for (int i = 0; i < kSeamSegments; ++i) {
+      const int k = forward ? i : kSeamSegments - 1 - i;
+      if (const auto fraction = Meeting(a, b, seam[Index(k)], seam[Index(k + 1)]))
+        return k + *fraction;
+    }
+  }
   return std::nullopt;
-}
-
-/// The cut from an upper corner down the edge and on along the lower seam.
-std::array<PlanePoint, kForwardCorner + kSeamPoints> CutFrom(const FlatPanel& panel, bool forward) {
-  std::array<PlanePoint, kForwardCorner + kSeamPoints> cut;
-  auto next = cut.begin();
-  for (int i = 0; i <= kForwardCorner; ++i)
-    *next++ = panel.Edge[At(forward ? kForwardCorner - i : kAftCorner + i)];
-  for (int i = 1; i < kSeamPoints; ++i)
-    *next++ = panel.Lower[At(forward ? kForwardCorner + i : kAftCorner - i)];
-  return cut;
 }
 
 /// Arc lengths of the vertices of the offset seam, mm.
@@ -87,29 +89,37 @@ double ArcAt(const std::array<double, kSeamPoints + 2>& arcs, double place) {
   return arcs[k] + (place - static_cast<double>(k)) * (arcs[k + 1] - arcs[k]);
 }
 
-/// Height of the lower seam at x, mm.
-double LowerHeight(const FlatPanel& panel, double x) {
-  for (int point = kForwardCorner; point < kAftCorner; ++point) {
-    const PlanePoint a = panel.Lower[At(point)];
-    const PlanePoint b = panel.Lower[At(point + 1)];
-    if (b.x > a.x && x >= a.x && x <= b.x) return a.y + (b.y - a.y) * (x - a.x) / (b.x - a.x);
+/// The height of the lower seam at one x after another, going aft, mm.
+class LowerHeight {
+ public:
+  explicit LowerHeight(const FlatPanel& panel) : panel_(panel) {}
+
+  double At(double x) {
+    while (point_ + 1 < kAftCorner && panel_.Lower[Index(point_ + 1)].x < x) ++point_;
+    const PlanePoint a = panel_.Lower[Index(point_)];
+    const PlanePoint b = panel_.Lower[Index(point_ + 1)];
+    return b.x > a.x ? a.y + (b.y - a.y) * (x - a.x) / (b.x - a.x) : a.y;
   }
-  return 0;
-}
+
+ private:
+  const FlatPanel& panel_;
+  int point_ = kForwardCorner;
+};
 
 /// Points 6 to 34 at equal distances along the offset seam, between two places on it.
 void SpreadAlong(FlatPanel& panel, const OffsetSeam& seam, double from, double to) {
   const auto arcs = ArcLengths(seam);
   const double start = ArcAt(arcs, from);
   const double step = (ArcAt(arcs, to) - start) / (kLastOnCut - kFirstOnCut);
+  LowerHeight lower(panel);
   std::size_t k = 0;
   for (int point = kFirstOnCut; point <= kLastOnCut; ++point) {
     const double arc = start + step * (point - kFirstOnCut);
     while (k + 2 < arcs.size() && arcs[k + 1] < arc) ++k;
     const double length = arcs[k + 1] - arcs[k];
     PlanePoint at = Between(seam[k], seam[k + 1], length > 0 ? (arc - arcs[k]) / length : 0);
-    at.y = std::max(at.y, LowerHeight(panel, at.x));
-    panel.Edge[At(point)] = at;
+    at.y = std::max(at.y, lower.At(at.x));
+    panel.Edge[Index(point)] = at;
   }
 }
 
@@ -122,8 +132,8 @@ void DrawGuideLine(FlatPanel& panel, double seamWidth, bool lastPanel) {
     return;
   }
   const OffsetSeam seam = MoveInside(panel, seamWidth);
-  const auto from = FirstMeeting(seam, CutFrom(panel, true));
-  const auto to = FirstMeeting(seam, CutFrom(panel, false));
+  const auto from = FirstMeeting(panel, seam, true);
+  const auto to = FirstMeeting(panel, seam, false);
   if (from && to && *from < *to)
     SpreadAlong(panel, seam, *from, *to);
   else
