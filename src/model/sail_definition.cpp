@@ -1,5 +1,6 @@
 #include "model/sail_definition.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace brivane {
@@ -27,6 +28,11 @@ void ApplyDepthLimits(SailDefinition& sail) {
     top = std::floor(middle * 0.3) + 1;
   }
   if (middle * 0.7 < foot) foot = std::floor((middle + 0.5) * 0.7);
+}
+
+void HoldDepthPosition(SailDefinition& sail) {
+  sail.DepthPosition =
+      std::clamp(std::round(sail.DepthPosition), kLowestDepthPosition, kHighestDepthPosition);
 }
 
 }  // namespace brivane

@@ -77,4 +77,11 @@ void ResetSailDefinition(SailDefinition& sail);
 /// asymmetric on purpose.
 void ApplyDepthLimits(SailDefinition& sail);
 
+/// The range of DepthPosition.
+inline constexpr double kLowestDepthPosition = 1;
+inline constexpr double kHighestDepthPosition = 8;
+
+/// Brings a DepthPosition that is not a whole number from 1 to 8 to the nearest one.
+void HoldDepthPosition(SailDefinition& sail);
+
 }  // namespace brivane

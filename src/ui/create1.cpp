@@ -1,7 +1,6 @@
 #include "ui/create1.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QTimer>
 
 #include "geometry/outline.h"
@@ -19,19 +18,6 @@ namespace {
 constexpr std::array<const char*, 3> kCutTypes = {kCrossCut, kTwistFootCut, kVerticalCut};
 
 SailDefinition& Definition() { return Current().TheSail.Definition; }
-
-/// Leaving a field for another program or for a menu is not leaving it.
-bool CountsAsLeaving(const QEvent* event) {
-  const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
-  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-}
-
-bool IsRefusedKey(DimensionField field, const QKeyEvent* event) {
-  if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-  for (const char32_t character : event->text().toStdU32String())
-    if (QChar::isPrint(character) && !MayBeTyped(field, character)) return true;
-  return false;
-}
 
 }  // namespace
 
@@ -62,26 +48,19 @@ bool Create1::eventFilter(QObject* object, QEvent* event) {
   if (field == nullptr) return QDialog::eventFilter(object, event);
   if (event->type() == QEvent::KeyPress && IsRefusedKey(*field, static_cast<QKeyEvent*>(event)))
     return true;
-  if (event->type() == QEvent::FocusOut && CountsAsLeaving(event)) LeaveField(*field);
+  if (LeavesField(event)) LeaveField(*field);
   return QDialog::eventFilter(object, event);
 }
 
 void Create1::Refill() {
-  for (const DimensionFieldInfo& info : DimensionFields()) {
-    FieldRow& row = Row(info.Field);
-    row.Shown = ToQt(FieldText(Definition(), info.Field));
-    if (row.Edit->text() != row.Shown) row.Edit->setText(row.Shown);
-  }
+  for (const DimensionFieldInfo& info : DimensionFields())
+    Row(info.Field).Show(ToQt(FieldText(Definition(), info.Field)));
   FillResults();
 }
 
 void Create1::RefillUntyped() {
-  for (const DimensionFieldInfo& info : DimensionFields()) {
-    FieldRow& row = Row(info.Field);
-    if (row.Edit->text() != row.Shown) continue;
-    row.Shown = ToQt(FieldText(Definition(), info.Field));
-    if (row.Edit->text() != row.Shown) row.Edit->setText(row.Shown);
-  }
+  for (const DimensionFieldInfo& info : DimensionFields())
+    Row(info.Field).ShowUnlessTyped(ToQt(FieldText(Definition(), info.Field)));
   FillResults();
 }
 
@@ -109,14 +88,14 @@ void Create1::Paint(DimensionField field, FieldColour colour) {
 
 void Create1::LeaveField(DimensionField field) {
   FieldRow& row = Row(field);
-  if (row.Edit->text() != row.Shown) {
+  if (row.IsTyped()) {
     const FieldOutcome outcome = EnterField(Definition(), field, FromQt(row.Edit->text()));
     outlineStale_ = true;
     Paint(field, outcome.Colour);
     if (field == DimensionField::ClothWidth) Paint(field, FieldColour::Normal);
     for (const FieldNotice& notice : outcome.Notices)
       notices_.push_back({notice.Field, CurrentText(notice.Message)});
-    row.Edit->setText(row.Shown);
+    row.Show(row.Shown);
     RefillUntyped();
   }
   RecomputeAfter(field);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "model/dimension_rules.h"
+#include "ui/typed_field.h"
 #include "ui/windows.h"
 
 class QGridLayout;
@@ -50,10 +51,8 @@ class Create1 : public QDialog, public ProgramWindow {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  struct FieldRow {
+  struct FieldRow : TypedField {
     QLabel* Caption = nullptr;
-    QLineEdit* Edit = nullptr;
-    QString Shown;  ///< the text that the program put into the field
   };
   struct Result {
     QLabel* Caption = nullptr;

@@ -10,9 +10,11 @@
 #include "ui/dessin1.h"
 #include "ui/mnemonics.h"
 #include "ui/open_command.h"
+#include "ui/patch1.h"
 #include "ui/printer_setup.h"
 #include "ui/printing.h"
 #include "ui/qt_text.h"
+#include "ui/sail_form.h"
 #include "ui/texts.h"
 #include "view/navigation.h"
 
@@ -36,18 +38,15 @@ QAction* Dessin1::AddCommand(QWidget* menu, const char* name,
   auto* action = new QAction(this);
   action->setObjectName(name);
   menu->addAction(action);
-  if (command)
-    connect(action, &QAction::triggered, this, command);
-  else
-    action->setEnabled(false);
+  connect(action, &QAction::triggered, this, command);
   return action;
 }
 
 void Dessin1::BuildMenus() {
   BuildFileMenu();
   m_Dimensions = AddCommand(menuBar(), "m_Dimensions", [this] { ShowDimensions(); });
-  m_Mold = AddCommand(menuBar(), "m_Mold", {});
-  m_Patch = AddCommand(menuBar(), "m_Patch", {});
+  m_Mold = AddCommand(menuBar(), "m_Mold", [this] { windows_.BringToFront(windows_.Mould()); });
+  m_Patch = AddCommand(menuBar(), "m_Patch", [this] { windows_.BringToFront(windows_.Patches()); });
 }
 
 void Dessin1::BuildFileMenu() {

@@ -75,6 +75,55 @@ inline constexpr std::string_view kInvalidFileType = "Invalid file type selected
 inline constexpr BilingualText kCancelSelected{"No file was chosen.", "Aucun fichier choisi."};
 inline constexpr std::string_view kOpenTitle = " : Dessin1 File Open procedure";
 
+// Mould window.
+inline constexpr BilingualText kMouldSuffix{" - Sail mould", " - Moule de la voile"};
+inline constexpr std::array<BilingualText, 5> kMouldRows = {
+    {{"Shape on luff side . . . . . . . .", "Forme coté guindant . . . . . . . ."},
+     {"Sail depth  (%)", "Creux de la voile (%)"},
+     {"Shape on leech side . . . . . . . .", "Forme coté chute . . . . . . . ."},
+     {"Depth at 20%  (%) . . . . . . . .", "Creux à 20%  (%) . . . . . . . ."},
+     {"Depth at 80%  (%) . . . . . . . .", "Creux à 80%  (%) . . . . . . . ."}}};
+inline constexpr BilingualText kLuffSide{"Shape on luff side", "Forme coté guindant"};
+inline constexpr BilingualText kLeechSide{"Shape on leech side", "Forme coté chute"};
+inline constexpr BilingualText kDepthPosition{"Vertical position of maximum depth",
+                                              "Position verticale du creux maximum"};
+inline constexpr std::array<BilingualText, 3> kMouldColumns = {
+    {{"Bottom", "Bas"}, {"Middle", "Milieu"}, {"Top", "Haut"}}};
+inline constexpr BilingualText kFirstProfile{
+    "Maximum depth profile in a plane perpendicular to the leech",
+    "Profil au creux max de la voile dans un plan perpendiculaire à la chute"};
+inline constexpr BilingualText kSecondProfile{
+    "Top of sail profile in a plane perpendicular to the leech",
+    "Profil en haut de la voile dans un plan perpendiculaire à la chute"};
+inline constexpr BilingualText kLoadMould{"Load the mould from a sail",
+                                          "Charger le moule d'une voile"};
+inline constexpr BilingualText kDone{"Done", "Terminé"};
+inline constexpr std::string_view kCannotImport = " Selected type of file cannot be imported";
+inline constexpr std::string_view kMouldOpenTitle = " : SailForm File Open procedure";
+inline constexpr std::string_view kMouldLoadTitle = " : SailForm file loading procedure";
+
+// Corner patch window, in the order clew, tack, head, peak.
+inline constexpr BilingualText kPatchSuffix{" - Corner patches", " - Renforts des coins"};
+inline constexpr std::array<BilingualText, 4> kPatchCorner = {
+    {{"Clew corner patch", "Renfort point d'écoute"},
+     {"Tack corner patch", "Renfort point d'amure"},
+     {"Head of luff patch", "Renfort tête du guindant"},
+     {"Peak patch", "Renfort extrémité de vergue"}}};
+inline constexpr std::array<BilingualText, 4> kPatchHeight = {
+    {{"Height (% leech)", "Hauteur (% chute)"},
+     {"Height (% luff)", "Hauteur (% guindant)"},
+     {"Height (% luff)", "Hauteur (% guindant)"},
+     {"Height (% leech)", "Hauteur (% chute)"}}};
+inline constexpr std::array<BilingualText, 4> kPatchWidth = {
+    {{"Width (% foot)", "Largeur (% bordure)"},
+     {"Width (% foot)", "Largeur (% bordure)"},
+     {"Width (% gaff)", "Largeur (% vergue)"},
+     {"Width (% gaff)", "Largeur (% vergue)"}}};
+inline constexpr BilingualText kPatchHint{"Whole percent from 1 to 50",
+                                          "Pourcentage entier de 1 à 50"};
+inline constexpr BilingualText kPatchPlotter{"Tovarek plotter file", "Fichier traceur Tovarek"};
+inline constexpr BilingualText kPatchDxf{"DXF files", "Fichiers DXF"};
+
 // Printing.
 inline constexpr std::string_view kPrinterProblem = "Printer problem";
 inline constexpr BilingualText kPrinter{"P&rinter", "I&mprimante"};

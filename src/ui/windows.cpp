@@ -7,16 +7,22 @@
 #include "ui/create1.h"
 #include "ui/dessin1.h"
 #include "ui/menu1.h"
+#include "ui/patch1.h"
+#include "ui/sail_form.h"
 
 namespace brivane {
 
 Windows::Windows()
     : start_(std::make_unique<Menu1>(*this)),
       picture_(std::make_unique<Dessin1>(*this)),
-      dimensions_(std::make_unique<Create1>(*this)) {
+      dimensions_(std::make_unique<Create1>(*this)),
+      mould_(std::make_unique<SailForm>(*this)),
+      patches_(std::make_unique<Patch1>(*this)) {
   Watch(*start_, *start_);
   Watch(*picture_, *picture_);
   Watch(*dimensions_, *dimensions_);
+  Watch(*mould_, *mould_);
+  Watch(*patches_, *patches_);
 }
 
 Windows::~Windows() { ending_ = true; }

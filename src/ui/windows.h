@@ -12,6 +12,8 @@ namespace brivane {
 class Menu1;
 class Dessin1;
 class Create1;
+class SailForm;
+class Patch1;
 
 /// What a window of the program does beside being a widget.
 class ProgramWindow {
@@ -33,6 +35,8 @@ class Windows : public QObject {
   Menu1& Start() { return *start_; }
   Create1& Dimensions() { return *dimensions_; }
   Dessin1& Picture() { return *picture_; }
+  SailForm& Mould() { return *mould_; }
+  Patch1& Patches() { return *patches_; }
 
   /// Shows a window in front of the others.
   void BringToFront(QWidget& window);
@@ -58,6 +62,8 @@ class Windows : public QObject {
   std::unique_ptr<Menu1> start_;
   std::unique_ptr<Dessin1> picture_;
   std::unique_ptr<Create1> dimensions_;
+  std::unique_ptr<SailForm> mould_;
+  std::unique_ptr<Patch1> patches_;
 };
 
 }  // namespace brivane

@@ -192,6 +192,17 @@ TEST(Sail, ErasesItsGridAndPanels) {
   }
 }
 
+TEST(HoldDepthPosition, TakesTheNearestWholeNumberOfTheRange) {
+  const std::array<std::pair<double, double>, 8> cases = {
+      {{4, 4}, {1, 1}, {8, 8}, {3.4, 3}, {3.6, 4}, {0.08, 1}, {-5, 1}, {10, 8}}};
+  for (const auto& [stored, held] : cases) {
+    SailDefinition sail;
+    sail.DepthPosition = stored;
+    HoldDepthPosition(sail);
+    EXPECT_EQ(sail.DepthPosition, held) << stored;
+  }
+}
+
 TEST(Table, RefusesAnIndexOutsideItsBounds) {
   SurfaceTable table;
   table(0, -1) = 1;

@@ -1,0 +1,222 @@
+// The mould window's looks: what stands where, in which words.
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "ui/current_sail.h"
+#include "ui/mnemonics.h"
+#include "ui/qt_text.h"
+#include "ui/sail_form.h"
+#include "ui/texts.h"
+
+namespace brivane {
+
+namespace {
+
+constexpr QSize kWindowSize(600, 500);  // 9000 x 7500 twips
+constexpr int kBarLength = 84;
+constexpr int kFieldWidth = 64;
+
+QScrollBar* MakeBar(const QString& name, int least, int most) {
+  auto* bar = new QScrollBar(Qt::Vertical);
+  bar->setObjectName(name);
+  bar->setRange(least, most);
+  bar->setPageStep(std::max(1, (most - least) / 10));
+  bar->setFixedHeight(kBarLength);
+  bar->setFocusPolicy(Qt::StrongFocus);
+  bar->setInvertedAppearance(true);  // upwards is more
+  bar->setInvertedControls(false);
+  return bar;
+}
+
+QLabel* MakeValue(const QString& name) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  label->setMinimumWidth(44);
+  return label;
+}
+
+QLabel* MakeDrawingTitle(const char* name) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+  return label;
+}
+
+QString Numbered(const char* name, std::size_t index) {
+  return QString("%1_%2").arg(name).arg(index);
+}
+
+}  // namespace
+
+void SailForm::Build() {
+  auto* upper = new QHBoxLayout;
+  upper->setSpacing(28);
+  upper->addLayout(BuildTable(), 1);
+  upper->addLayout(BuildDepthPosition());
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(16, 14, 16, 14);
+  whole->setSpacing(12);
+  whole->addLayout(upper);
+  whole->addLayout(BuildDrawings(), 1);
+  whole->addLayout(BuildButtons());
+  SetCaptions();
+  layout()->activate();
+  resize(kWindowSize.expandedTo(sizeHint()));
+  move(screen()->availableGeometry().center() - rect().center());
+}
+
+QLayout* SailForm::BuildTable() {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(16);
+  grid->setVerticalSpacing(8);
+  grid->setColumnStretch(0, 1);
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    ColumnTitle[i] = MakeValue(Numbered("ColumnTitle", i));
+    grid->addWidget(ColumnTitle[i], 0, static_cast<int>(i) + 1);
+  }
+  for (std::size_t row = 0; row < rowTitles_.size(); ++row) {
+    rowTitles_[row] = new QLabel;
+    grid->addWidget(rowTitles_[row], static_cast<int>(row) + 1, 0);
+  }
+  AddBarRow(grid, 1, VScroll1, LuffShapeValue, "VScroll1");
+  AddDepthRow(grid, 2);
+  AddBarRow(grid, 3, VScroll2, LeechShapeValue, "VScroll2");
+  AddValueRow(grid, 4, DepthAt20, "DepthAt20");
+  AddValueRow(grid, 5, DepthAt80, "DepthAt80");
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    connect(VScroll1[i], &QScrollBar::valueChanged, this, [this, i] { MoveLuffShape(i); });
+    connect(VScroll2[i], &QScrollBar::valueChanged, this, [this, i] { MoveLeechShape(i); });
+  }
+  return grid;
+}
+
+void SailForm::AddBarRow(QGridLayout* grid, int row, std::array<QScrollBar*, kHeights>& bars,
+                         std::array<QLabel*, kHeights>& values, const char* name) {
+  constexpr int kMost = 100;  // 10 for the luff side, 0.2 for the leech side
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    bars[i] = MakeBar(Numbered(name, i), 0, kMost);
+    values[i] = MakeValue(Numbered(name, i) + "_Value");
+    auto* cell = new QHBoxLayout;
+    cell->setSpacing(6);
+    cell->addWidget(bars[i]);
+    cell->addWidget(values[i]);
+    cell->addStretch();
+    grid->addLayout(cell, row, static_cast<int>(i) + 1);
+  }
+}
+
+void SailForm::AddDepthRow(QGridLayout* grid, int row) {
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    auto* edit = new QLineEdit;
+    edit->setObjectName(Numbered("Text2", i));
+    edit->setAlignment(Qt::AlignRight);
+    edit->setFixedWidth(kFieldWidth);
+    edit->installEventFilter(this);
+    connect(edit, &QLineEdit::returnPressed, this, [this, i] { LeaveDepth(i); });
+    depths_[i].Edit = Text2[i] = edit;
+    grid->addWidget(edit, row, static_cast<int>(i) + 1, Qt::AlignLeft);
+  }
+}
+
+void SailForm::AddValueRow(QGridLayout* grid, int row, std::array<QLabel*, kHeights>& values,
+                           const char* name) {
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    values[i] = MakeValue(Numbered(name, i));
+    grid->addWidget(values[i], row, static_cast<int>(i) + 1);
+  }
+}
+
+QLayout* SailForm::BuildDepthPosition() {
+  constexpr int kLowest = 1;
+  constexpr int kHighest = 8;
+  VScroll3 = MakeBar("VScroll3", kLowest, kHighest);
+  connect(VScroll3, &QScrollBar::valueChanged, this, &SailForm::MoveDepthPosition);
+  DepthPositionValue = MakeValue("VScroll3_Value");
+  positionTitle_ = new QLabel;
+  positionTitle_->setWordWrap(true);
+  positionTitle_->setFixedWidth(140);
+  positionTitle_->setBuddy(VScroll3);
+  auto* cell = new QHBoxLayout;
+  cell->addWidget(VScroll3);
+  cell->addWidget(DepthPositionValue);
+  cell->addStretch();
+  auto* column = new QVBoxLayout;
+  column->addWidget(positionTitle_);
+  column->addLayout(cell);
+  column->addStretch();
+  return column;
+}
+
+QLayout* SailForm::BuildDrawings() {
+  Picture1 = new PictureBox;
+  Picture2 = new PictureBox;
+  Picture2->setObjectName("Picture2");
+  FirstTitle = MakeDrawingTitle("FirstTitle");
+  SecondTitle = MakeDrawingTitle("SecondTitle");
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(16);
+  grid->addWidget(FirstTitle, 0, 0);
+  grid->addWidget(SecondTitle, 0, 1);
+  grid->addWidget(Picture1, 1, 0);
+  grid->addWidget(Picture2, 1, 1);
+  grid->setRowStretch(1, 1);
+  grid->setColumnStretch(0, 1);
+  grid->setColumnStretch(1, 1);
+  for (PictureBox* picture : {Picture1, Picture2}) {
+    picture->setMinimumSize(260, 170);
+    picture->setCursor(Qt::ArrowCursor);
+    picture->OnResize = [this] { DrawProfiles(); };
+  }
+  return grid;
+}
+
+QLayout* SailForm::BuildButtons() {
+  Load = new QPushButton;
+  Load->setObjectName("Load");
+  Load->setAutoDefault(false);
+  connect(Load, &QPushButton::clicked, this, &SailForm::LoadMould);
+  Done = new QPushButton;
+  Done->setObjectName("Done");
+  Done->setAutoDefault(false);
+  Done->setMinimumWidth(110);
+  connect(Done, &QPushButton::clicked, this, &QDialog::close);
+  for (QPushButton* button : {Load, Done}) button->setMinimumHeight(32);
+  auto* row = new QHBoxLayout;
+  row->addWidget(Load);
+  row->addStretch();
+  row->addWidget(Done);
+  return row;
+}
+
+void SailForm::SetCaptions() {
+  setWindowTitle(TitleWith(texts::kMouldSuffix));
+  Mnemonics letters;
+  const std::array<std::pair<QPushButton*, BilingualText>, 2> buttons = {
+      {{Load, texts::kLoadMould}, {Done, texts::kDone}}};
+  for (const auto& [button, caption] : buttons) {
+    button->setText(letters.Mark(CurrentText(caption)));
+    button->setAccessibleName(CurrentText(caption));
+  }
+  for (std::size_t row = 0; row < rowTitles_.size(); ++row)
+    rowTitles_[row]->setText(CurrentText(texts::kMouldRows[row]));
+  positionTitle_->setText(CurrentText(texts::kDepthPosition));
+  VScroll3->setAccessibleName(CurrentText(texts::kDepthPosition));
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    const QString column = CurrentText(texts::kMouldColumns[i]);
+    ColumnTitle[i]->setText(column);
+    VScroll1[i]->setAccessibleName(CurrentText(texts::kLuffSide) + ", " + column);
+    Text2[i]->setAccessibleName(CurrentText(texts::kMouldRows[1]) + ", " + column);
+    Text2[i]->setToolTip(CurrentText(InfoOf(DepthField(i)).Tooltip));
+    VScroll2[i]->setAccessibleName(CurrentText(texts::kLeechSide) + ", " + column);
+  }
+  FirstTitle->setText(CurrentText(texts::kFirstProfile));
+  SecondTitle->setText(CurrentText(texts::kSecondProfile));
+  Picture1->setAccessibleName(FirstTitle->text());
+  Picture2->setAccessibleName(SecondTitle->text());
+}
+
+}  // namespace brivane
