@@ -18,9 +18,6 @@ constexpr double kLeastFoot = 100;
 constexpr double kLeastDiagonal = 100;
 constexpr double kStubGaff = 5;
 
-/// Flatter than this no gaff reaches across, and nothing may be divided by the sine.
-constexpr double kLeastSine = 1e-9;
-
 constexpr BilingualText kLuffTooShort = {"Luff too short, has been adjusted to minimum",
                                          "Guindant trop court, ajusté au minimum"};
 constexpr BilingualText kFootTooShort = {"Foot too short, has been adjusted to minimum",
@@ -60,8 +57,8 @@ void CheckGaff(SailDefinition& sail) {
   sail.GaffLength = std::fabs(sail.GaffLength);
   const double sine = std::sin(sail.GaffAngle);
   const double reach = 0.9 * sail.ClewPoint.x;
-  if (reach > 0 && sine > kLeastSine && sail.GaffLength * sine > reach) {
-    sail.GaffLength = Finite(WholePart(reach / sine));
+  if (reach > 0 && sail.GaffLength * sine > reach) {  // so the sine is positive
+    sail.GaffLength = WholePart(reach / sine);
   } else if (sail.GaffLength < kShortestGaff) {
     sail.GaffLength = kStubGaff;
   }

@@ -120,6 +120,13 @@ TEST(StrNum, AgreesWithTheSecondRouteOnPlainDecimals) {
   }
 }
 
+TEST(StrNum, AgreesWithTheSecondRouteOnWholeNumbers) {
+  double value = 1;
+  for (int power = 0; power < 20; ++power, value *= 10)
+    for (const double near : {value - 1, value, value + 1, value * 7, -value})
+      EXPECT_EQ(StrNum(near), StrNumBySecondRoute(near));
+}
+
 TEST(PlainNumber, ShowsWhatAUserExpects) {
   EXPECT_EQ(PlainNumber(4550), "4550");
   EXPECT_EQ(PlainNumber(0.5), "0.5");
