@@ -28,11 +28,16 @@ constexpr Colour kGrey{160, 160, 160};
 /// Font of the marks, surface units: 8 points.
 constexpr double kMarkSize = 160;
 
+/// The section at a height; where the depth's position does not divide the height in two, that of
+/// the middle.
 MouldSection SectionAtHeight(const SailDefinition& sail, double height) {
+  if (!(sail.DepthPosition > 0 && sail.DepthPosition < 10)) return SectionOfColumn(sail, kMiddle);
   return {LuffShapeAt(sail, height), LeechShapeAt(sail, height), 100 * DepthAt(sail, height)};
 }
 
+/// A luff-side exponent of −1 and less gives no profile.
 double Normaliser(const MouldSection& section) {
+  if (!(section.LuffShape > -1)) return 0;
   return ProfileNormaliser(section.LuffShape, section.LeechShape);
 }
 

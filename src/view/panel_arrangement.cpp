@@ -8,6 +8,7 @@
 
 #include "view/navigation.h"
 #include "view/outline_curve.h"
+#include "view/panel_outline.h"
 
 namespace brivane {
 
@@ -15,6 +16,10 @@ namespace {
 
 /// Gap between neighbouring panels, as a share of the cloth width.
 constexpr double kGapShare = 0.04;
+
+/// How far panels may reach into the picture's margins above and below, as a share of the fitted
+/// height.
+constexpr double kMarginShare = 0.04;
 
 /// A stack of panels knows its reach in this many columns across the stacking direction.
 constexpr std::size_t kColumns = 256;
@@ -108,23 +113,53 @@ double Bottom(const std::vector<PlanePoint>& outline) {
   return bottom;
 }
 
-/// Moves every panel up until it clears all that lie below it.
-void StackUpwards(std::vector<PlacedPanel>& panels, double gap) {
+double Top(const std::vector<PlanePoint>& outline) {
+  double top = -kNothing;
+  for (const PlanePoint& point : outline) top = std::max(top, point.y);
+  return top;
+}
+
+/// Stacks panels upwards from the first on, every one moved up until it clears all that lie below
+/// it. Stops before the panel with which the stack would be higher than the limit and returns its
+/// index.
+std::size_t StackUpwards(std::vector<PlacedPanel>& panels, std::size_t first, double gap,
+                         double highest) {
   const Columns columns(ExtentOf(panels));
   std::array<double, kColumns> skyline;
   skyline.fill(-kNothing);
+  const double base = Bottom(panels[first].Outline);
   double shift = 0;
   double seamBefore = -kNothing;
-  for (PlacedPanel& panel : panels) {
+  for (std::size_t i = first; i < panels.size(); ++i) {
+    PlacedPanel& panel = panels[i];
     const Reach reach = columns.Of(panel.Outline);
     shift = std::max(shift, seamBefore + gap - Bottom(panel.Outline));
     for (std::size_t column = 0; column < kColumns; ++column)
       if (skyline[column] > -kNothing && reach.Low[column] < kNothing)
         shift = std::max(shift, skyline[column] + gap - reach.Low[column]);
+    if (i > first && Top(panel.Outline) + shift - base > highest) return i;
     ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x, point.y + shift}; });
     for (std::size_t column = 0; column < kColumns; ++column)
       skyline[column] = std::max(skyline[column], reach.High[column] + shift);
     seamBefore = UpperSeamBottom(panel.Outline);
+  }
+  return panels.size();
+}
+
+/// Stacks all panels, in columns no higher than the limit from left to right.
+void StackInColumns(std::vector<PlacedPanel>& panels, double gap, double highest) {
+  double left = -kNothing;
+  for (std::size_t first = 0; first < panels.size();) {
+    const std::size_t end = StackUpwards(panels, first, gap, highest);
+    const auto begin = panels.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto stop = panels.begin() + static_cast<std::ptrdiff_t>(end);
+    const Extent column = ExtentOf({begin, stop});
+    const double shift = std::max(0.0, left - column.Left);
+    std::for_each(begin, stop, [&](PlacedPanel& panel) {
+      ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x + shift, point.y}; });
+    });
+    left = column.Right + shift + gap;
+    first = end;
   }
 }
 
@@ -152,58 +187,22 @@ std::vector<PlacedPanel> PanelsInTheirFrames(const Sail& sail) {
   return panels;
 }
 
-/// Where the whole arrangement is moved to, mm.
-PlanePoint Shift(const Sail& sail, const ViewState& view, const Extent& arranged, bool upright,
-                 double gap) {
+/// Where the whole arrangement is moved to, mm: as little down from its origin as shows it whole on
+/// a fitted picture, at last into both margins.
+PlanePoint Shift(const Sail& sail, const ViewState& view, const Extent& arranged, double gap) {
   const Extent outline = UprightExtent(sail.Definition);
+  const FitExtents fit = ExtentsToFit(sail.Definition);
   PlanePoint shift{view.DevelopOriginX, view.DevelopOriginY};
   shift.x = std::max(shift.x, outline.Right + gap - arranged.Left);
-  if (upright) return shift;
-  const FitExtents fit = ExtentsToFit(sail.Definition);
   const double picturesTop = fit.Vertical - fit.BelowTack;
-  const double excess = shift.y + arranged.Top - picturesTop;
   const double room = shift.y + arranged.Bottom + fit.BelowTack;
-  shift.y -= std::clamp(excess, 0.0, std::max(room, 0.0));
+  shift.y -= std::clamp(shift.y + arranged.Top - picturesTop, 0.0, std::max(room, 0.0));
+  const double excess = std::max(0.0, shift.y + arranged.Top - picturesTop);
+  shift.y -= std::min(excess / 2, kMarginShare * fit.Vertical);
   return shift;
 }
 
 }  // namespace
-
-std::vector<PlanePoint> PanelOutline(const DevelopedPanels& panels, int panel) {
-  std::vector<PlanePoint> outline;
-  outline.reserve(75);
-  const auto lower = [&](int k) {
-    outline.push_back({panels.PanelLowerX(panel, k), panels.PanelLowerY(panel, k)});
-  };
-  const auto edge = [&](int k) {
-    outline.push_back({panels.PanelEdgeX(panel, k), panels.PanelEdgeY(panel, k)});
-  };
-  lower(kForwardCorner);
-  for (int k = 0; k <= kForwardCorner; ++k) edge(k);
-  for (int k = kForwardCorner; k <= kAftCorner; ++k)
-    outline.push_back({panels.PanelUpperX(panel, k), panels.PanelUpperY(panel, k)});
-  for (int k = kAftCorner; k <= kLastPoint; ++k) edge(k);
-  for (int k = kAftCorner; k >= kForwardCorner; --k) lower(k);
-
-  bool hasExtent = false;
-  for (const PlanePoint& point : outline) {
-    if (!std::isfinite(point.x) || !std::isfinite(point.y)) return {};
-    hasExtent = hasExtent || point != outline.front();
-  }
-  if (!hasExtent) outline.clear();
-  return outline;
-}
-
-std::vector<PlanePoint> PanelGuide(const Sail& sail, int panel) {
-  std::vector<PlanePoint> guide;
-  if (panel >= sail.Definition.PanelCount - 1) return guide;
-  guide.reserve(kAftCorner - kForwardCorner + 1);
-  for (int k = kForwardCorner; k <= kAftCorner; ++k) {
-    guide.push_back({sail.Panels.PanelEdgeX(panel, k), sail.Panels.PanelEdgeY(panel, k)});
-    if (!std::isfinite(guide.back().x) || !std::isfinite(guide.back().y)) return {};
-  }
-  return guide;
-}
 
 std::vector<PlacedPanel> ArrangePanels(const Sail& sail, const ViewState& view) {
   std::vector<PlacedPanel> panels = PanelsInTheirFrames(sail);
@@ -216,9 +215,10 @@ std::vector<PlacedPanel> ArrangePanels(const Sail& sail, const ViewState& view) 
       ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{end - point.x, point.y}; });
     }
   }
-  StackUpwards(panels, gap);
+  const double highest = (1 + 2 * kMarginShare) * ExtentsToFit(sail.Definition).Vertical;
+  StackInColumns(panels, gap, upright ? kNothing : highest);
   if (upright) StandUpright(panels);
-  const PlanePoint shift = Shift(sail, view, ExtentOf(panels), upright, gap);
+  const PlanePoint shift = Shift(sail, view, ExtentOf(panels), gap);
   for (PlacedPanel& panel : panels)
     ChangePoints(panel, [&](PlanePoint point) {
       return PlanePoint{point.x + shift.x, point.y + shift.y};

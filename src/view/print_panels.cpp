@@ -8,8 +8,8 @@
 
 #include "model/number_text.h"
 #include "view/page_parts.h"
-#include "view/panel_arrangement.h"
 #include "view/panel_offsets.h"
+#include "view/panel_outline.h"
 #include "view/projection.h"
 
 namespace brivane {

@@ -13,6 +13,7 @@ namespace brivane {
 namespace {
 
 using testing::PlainSail;
+using testing::SailOfRectangles;
 using testing::SetRectangle;
 
 ViewState FittedView(const SailDefinition& sail) {
@@ -31,47 +32,6 @@ Box BoxOf(const std::vector<PlanePoint>& points) {
   const auto [low, high] =
       std::minmax_element(points.begin(), points.end(), [](auto& a, auto& b) { return a.y < b.y; });
   return {left->x, right->x, low->y, high->y};
-}
-
-Sail SailOfRectangles(const char* cut) {
-  Sail sail;
-  sail.Definition = PlainSail();
-  sail.Definition.CutType = cut;
-  sail.Definition.PanelCount = 3;
-  SetRectangle(sail.Panels, 0, 3000, 800);
-  SetRectangle(sail.Panels, 1, 2000, 700);
-  SetRectangle(sail.Panels, 2, 1000, 500);
-  return sail;
-}
-
-TEST(PanelOutline, RunsRoundThePanel) {
-  const Sail sail = SailOfRectangles(kCrossCut);
-  const std::vector<PlanePoint> outline = PanelOutline(sail.Panels, 1);
-  ASSERT_EQ(outline.size(), 75u);
-  EXPECT_EQ(outline.front(), (PlanePoint{0, 0}));
-  EXPECT_EQ(outline[6], (PlanePoint{0, 700}));  // forward edge, 1 to 6
-  EXPECT_EQ(outline[7], (PlanePoint{0, 700}));  // upper seam, 7 to 37
-  EXPECT_EQ(outline[37], (PlanePoint{2000, 700}));
-  EXPECT_EQ(outline[38], (PlanePoint{2000, 700}));  // aft edge, 38 to 43
-  EXPECT_EQ(outline[43], (PlanePoint{2000, 0}));
-  EXPECT_EQ(outline[44], (PlanePoint{2000, 0}));  // lower seam back, 44 to 74
-  EXPECT_EQ(outline.back(), (PlanePoint{0, 0}));
-}
-
-TEST(PanelOutline, APanelThatIsNotThereHasNoPoints) {
-  Sail sail = SailOfRectangles(kCrossCut);
-  EXPECT_TRUE(PanelOutline(sail.Panels, 3).empty());
-  sail.Panels.PanelUpperY(1, 20) = std::nan("");
-  EXPECT_TRUE(PanelOutline(sail.Panels, 1).empty());
-  EXPECT_THROW(PanelOutline(sail.Panels, 91), std::out_of_range);
-}
-
-TEST(PanelGuide, RunsAcrossEveryPanelButTheLast) {
-  const Sail sail = SailOfRectangles(kCrossCut);
-  const std::vector<PlanePoint> guide = PanelGuide(sail, 0);
-  ASSERT_EQ(guide.size(), 31u);
-  EXPECT_EQ(guide[15], (PlanePoint{1500, 780}));
-  EXPECT_TRUE(PanelGuide(sail, 2).empty());
 }
 
 TEST(PanelArrangement, CrossCutPanelsAreStackedUpwards) {
@@ -151,8 +111,32 @@ TEST(PanelArrangement, AHighStackStartsAsLowAsThePictureReaches) {
   EXPECT_NEAR(BoxOf(ArrangePanels(sail, view)[2].Outline).Top, 4164, 1e-9);
   SetRectangle(sail.Panels, 0, 3000, 2700);  // 4264 is 64 too high
   EXPECT_NEAR(BoxOf(ArrangePanels(sail, view)[2].Outline).Top, 4200, 1e-9);
-  SetRectangle(sail.Panels, 0, 3000, 9000);  // as low as it goes
-  EXPECT_NEAR(BoxOf(ArrangePanels(sail, view)[0].Outline).Bottom, -300, 1e-9);
+}
+
+TEST(PanelArrangement, AStackHigherThanThePictureGoesOnInAnotherColumn) {
+  Sail sail = SailOfRectangles(kCrossCut);
+  sail.Definition.FootRound = 300;
+  const ViewState view = FittedView(sail.Definition);
+  // The picture holds 4500 and 4 % of it, 180, in either margin: 4860. The first two take 4568.
+  SetRectangle(sail.Panels, 0, 3000, 3836);
+  const auto panels = ArrangePanels(sail, view);
+  EXPECT_NEAR(BoxOf(panels[0].Outline).Bottom, -300 - 68 / 2.0, 1e-9);
+  EXPECT_NEAR(BoxOf(panels[1].Outline).Top, 4200 + 68 / 2.0, 1e-9);
+  EXPECT_NEAR(BoxOf(panels[2].Outline).Bottom, -300 - 68 / 2.0, 1e-9);
+  EXPECT_NEAR(BoxOf(panels[2].Outline).Left, 4400 + 3000 + 32, 1e-9);
+}
+
+TEST(PanelArrangement, UprightPanelsUseThePicturesMarginsToo) {
+  Sail sail = SailOfRectangles(kVerticalCut);
+  sail.Definition.FootRound = 300;
+  const ViewState view = FittedView(sail.Definition);
+  EXPECT_NEAR(BoxOf(ArrangePanels(sail, view)[0].Outline).Bottom, 300, 1e-9);
+  SetRectangle(sail.Panels, 0, 4600, 800);  // 100 more than from −300 to 4200
+  const auto panels = ArrangePanels(sail, view);
+  EXPECT_NEAR(BoxOf(panels[0].Outline).Bottom, -350, 1e-9);
+  EXPECT_NEAR(BoxOf(panels[1].Outline).Bottom, -350, 1e-9);
+  SetRectangle(sail.Panels, 0, 9000, 800);
+  EXPECT_NEAR(BoxOf(ArrangePanels(sail, view)[0].Outline).Bottom, -300 - 180, 1e-9);
 }
 
 TEST(PanelArrangement, NothingIsArrangedWithoutPanels) {

@@ -73,4 +73,16 @@ inline void SetRectangle(DevelopedPanels& panels, int panel, double length, doub
   }
 }
 
+/// PlainSail with three rectangular panels: 3000 × 800, 2000 × 700, 1000 × 500.
+inline Sail SailOfRectangles(const char* cut) {
+  Sail sail;
+  sail.Definition = PlainSail();
+  sail.Definition.CutType = cut;
+  sail.Definition.PanelCount = 3;
+  SetRectangle(sail.Panels, 0, 3000, 800);
+  SetRectangle(sail.Panels, 1, 2000, 700);
+  SetRectangle(sail.Panels, 2, 1000, 500);
+  return sail;
+}
+
 }  // namespace brivane::testing
