@@ -24,7 +24,13 @@ void RequireUsable(const SailDefinition& sail) {
     if (!(exponent > -1)) throw GeometryFault(kMouldWords);
 }
 
-PlanePoint InPlane(const Corner& corner) { return {corner.x, corner.y}; }
+/// The edges of the sail with the foot round in the middle.
+SailEdges EdgesWithSymmetricFoot(const SailDefinition& sail) {
+  SailEdges edges = EdgesOf(sail);
+  edges.Foot =
+      MakeRoundedEdge(edges.Foot.Start, edges.Foot.End, sail.FootRound, kFootRoundPosition / 100.0);
+  return edges;
+}
 
 /// The section's line y = tan(FootAngle)·x + c.
 PlaneLine SectionLine(const SurfaceFrame& frame, double c) { return {{0, c}, {1, frame.TanFoot}}; }
@@ -37,8 +43,8 @@ double FootCrossing(const SurfaceFrame& frame, double c, double outer, double in
   double middle = inner;
   for (int halving = 0; halving < kHalvings; ++halving) {
     middle = (outer + inner) / 2;
-    const double round =
-        frame.Definition.FootRound * frame.Foot.Curve.At(middle / frame.Definition.ClewPoint.x);
+    const double round = frame.Definition.FootRound *
+                         frame.Edges.Foot.Curve.At(middle / frame.Definition.ClewPoint.x);
     (round < target ? outer : inner) = middle;
   }
   return middle;
@@ -57,7 +63,8 @@ SectionEnd EndOnGaff(const SurfaceFrame& frame, double c) {
   const double rise = sail.PeakPoint.y - sail.LuffLength - sail.PeakPoint.x * frame.TanFoot;
   if (rise == 0) throw GeometryFault(kParallelGaffWords);
   const double straightX = (c - sail.LuffLength) * sail.PeakPoint.x / rise;
-  const PlanePoint end = frame.Gaff.At(CrossingFraction(frame.Gaff, SectionLine(frame, c)));
+  const PlanePoint end =
+      frame.Edges.Gaff.At(CrossingFraction(frame.Edges.Gaff, SectionLine(frame, c)));
   return {end.x, end.y, GaffTwist(sail, straightX), EdgeCode::Gaff, c};
 }
 
@@ -76,14 +83,7 @@ double HeightFraction(const SurfaceFrame& frame, double onLuff) {
 SurfaceFrame::SurfaceFrame(SailDefinition& sail)
     : Definition((RequireUsable(sail), sail)),
       FootRoundPos(sail.FootRoundPos),
-      Foot(MakeRoundedEdge(InPlane(sail.ClewPoint), {0, 0}, sail.FootRound,
-                           kFootRoundPosition / 100.0)),
-      Luff(
-          MakeRoundedEdge({0, 0}, {0, sail.LuffLength}, sail.LuffRound, sail.LuffRoundPos / 100.0)),
-      Gaff(MakeRoundedEdge({0, sail.LuffLength}, InPlane(sail.PeakPoint), sail.GaffRound,
-                           sail.GaffRoundPos / 100.0)),
-      Leech(MakeRoundedEdge(InPlane(sail.PeakPoint), InPlane(sail.ClewPoint), sail.LeechRound,
-                            sail.LeechRoundPos / 100.0)),
+      Edges(EdgesWithSymmetricFoot(sail)),
       TanFoot(std::tan(sail.FootAngle)),
       CosFoot(std::cos(sail.FootAngle)),
       SinLeech(std::sin(sail.LeechAngle)),
@@ -101,7 +101,8 @@ SectionEnd FindForwardEnd(const SurfaceFrame& frame, double x, double y) {
   const double c = HeightOnLuff(frame, x, y);
   if (c <= 0) return EndOnFoot(frame, c, FootCrossing(frame, c, 0, x), c);
   if (c > frame.Definition.LuffLength) return EndOnGaff(frame, c);
-  const PlanePoint end = frame.Luff.At(CrossingFraction(frame.Luff, SectionLine(frame, c)));
+  const PlanePoint end =
+      frame.Edges.Luff.At(CrossingFraction(frame.Edges.Luff, SectionLine(frame, c)));
   return {end.x, end.y, 0, EdgeCode::Luff, c};
 }
 
@@ -113,7 +114,8 @@ SectionEnd FindAftEnd(const SurfaceFrame& frame, double x, double y) {
       aboveClew * frame.SinLeech * frame.TanLeechFoot + aboveClew * frame.CosLeech;
   if (onLeech <= 0)
     return EndOnFoot(frame, c, FootCrossing(frame, c, sail.ClewPoint.x, x), onLeech);
-  const PlanePoint end = frame.Leech.At(CrossingFraction(frame.Leech, SectionLine(frame, c)));
+  const PlanePoint end =
+      frame.Edges.Leech.At(CrossingFraction(frame.Edges.Leech, SectionLine(frame, c)));
   return {end.x, end.y, TwistOffset(sail, end.x, end.y), EdgeCode::Luff, onLeech};
 }
 

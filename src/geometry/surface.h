@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "geometry/edge_round.h"
 #include "geometry/mould.h"
+#include "geometry/sail_edges.h"
 #include "model/sail.h"
 
 namespace brivane {
@@ -29,11 +29,11 @@ struct SurfaceFrame {
   const SailDefinition& Definition;
   std::int16_t& FootRoundPos;  ///< a section that ends on the foot sets it to 50
 
-  RoundedEdge Foot, Luff, Gaff, Leech;  ///< clew, tack, throat, peak, clew
-  double TanFoot, CosFoot;              ///< of FootAngle
-  double SinLeech, CosLeech;            ///< of LeechAngle
-  double TanLeechFoot;                  ///< of LeechAngle − FootAngle
-  double FootDepthScale;                ///< depth × normaliser × FootLength of the foot, mm
+  SailEdges Edges;            ///< the foot round always symmetric
+  double TanFoot, CosFoot;    ///< of FootAngle
+  double SinLeech, CosLeech;  ///< of LeechAngle
+  double TanLeechFoot;        ///< of LeechAngle − FootAngle
+  double FootDepthScale;      ///< depth × normaliser × FootLength of the foot, mm
   double FootLuffShape, FootLeechShape;
   mutable NormaliserWalk Normaliser;
 };

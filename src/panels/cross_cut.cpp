@@ -21,11 +21,11 @@ CrossCut MakeCrossCut(const SurfaceFrame& frame) {
   return {frame,
           {-frame.SinLeech, frame.CosLeech},
           {frame.CosLeech, frame.SinLeech},
-          MakeRoundedEdge(frame.Foot.Start, frame.Foot.End, 0, 0.5)};
+          MakeRoundedEdge(frame.Edges.Foot.Start, frame.Edges.Foot.End, 0, 0.5)};
 }
 
 PlanePoint AftOnStraightLeech(const CrossCut& cut, double distance) {
-  return cut.frame.Foot.Start + distance * cut.upLeech;
+  return cut.frame.Edges.Foot.Start + distance * cut.upLeech;
 }
 
 /// Height at which the seam square to the leech meets the luff line, mm.
@@ -50,17 +50,17 @@ LayoutLine SeamLine(const CrossCut& cut, double distance, double height, PlaneLi
   const SurfaceFrame& frame = cut.frame;
   const bool pastPeak = distance > frame.Definition.LeechLength;
   LayoutLine line;
-  line.Aft = pastPeak ? kThroat + CrossingFraction(frame.Gaff, seam)
-                      : kPeak + CrossingFraction(frame.Leech, seam);
+  line.Aft = pastPeak ? kThroat + CrossingFraction(frame.Edges.Gaff, seam)
+                      : kPeak + CrossingFraction(frame.Edges.Leech, seam);
   if (height <= 0) {
     line.Code = EdgeCode::Foot;
     line.Forward = kClew + CrossingFraction(cut.straightFoot, seam);
   } else if (height <= frame.Definition.LuffLength) {
     line.Code = EdgeCode::Luff;
-    line.Forward = kTack + CrossingFraction(frame.Luff, seam);
+    line.Forward = kTack + CrossingFraction(frame.Edges.Luff, seam);
   } else {
     line.Code = EdgeCode::Gaff;
-    line.Forward = kThroat + CrossingFraction(frame.Gaff, seam);
+    line.Forward = kThroat + CrossingFraction(frame.Edges.Gaff, seam);
   }
   return line;
 }
@@ -104,11 +104,11 @@ void PutFootLine(const SurfaceFrame& frame, double forwardX, SurfaceGrid& grid) 
 
 Steps CrossCutPass(const SurfaceFrame& frame, const Allowances& allowances, Sail& sail) {
   const CrossCut cut = MakeCrossCut(frame);
-  StepBounds bounds = BoundsAlong(frame, cut.upLeech, frame.Gaff);
+  StepBounds bounds = BoundsAlong(frame, cut.upLeech, frame.Edges.Gaff);
   const Steps steps = StepOff(sail.Definition.ClothWidth, allowances, bounds);
   if (steps.TooMany) return steps;
 
-  LinePlan plan{{{cut.straightFoot, frame.Luff, frame.Gaff, frame.Leech}}};
+  LinePlan plan{{{cut.straightFoot, frame.Edges.Luff, frame.Edges.Gaff, frame.Edges.Leech}}};
   plan.PanelCount = steps.PanelCount;
   PlaceSeams(cut, steps, plan);
   const LayoutLine& first = plan.Lines[1];

@@ -126,7 +126,7 @@ PlanePoint Boundary::At(double place) const {
 
 StepBounds BoundsAlong(const SurfaceFrame& frame, PlanePoint direction,
                        const RoundedEdge& closing) {
-  const double clew = Dot(direction, frame.Foot.Start);
+  const double clew = Dot(direction, frame.Edges.Foot.Start);
   const double start = Dot(direction, closing.Start) - clew;
   const double end = Dot(direction, closing.End) - clew;
   const double firstCorner = std::min(start, end);

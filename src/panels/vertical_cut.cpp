@@ -19,14 +19,14 @@ PlaneLine SeamAt(const SurfaceFrame& frame, double distance) {
 /// Ends of the seam. Before the throat has passed it starts on the gaff, afterwards on the luff;
 /// before the tack has passed it ends on the foot, afterwards on the luff.
 LayoutLine EndsOf(const SurfaceFrame& frame, const PlaneLine& seam) {
-  const bool pastThroat = Cross(seam.Direction, frame.Gaff.Start - seam.Through) < 0;
-  const bool pastTack = Cross(seam.Direction, frame.Luff.Start - seam.Through) < 0;
+  const bool pastThroat = Cross(seam.Direction, frame.Edges.Gaff.Start - seam.Through) < 0;
+  const bool pastTack = Cross(seam.Direction, frame.Edges.Luff.Start - seam.Through) < 0;
   LayoutLine line;
   line.Code = pastThroat ? EdgeCode::Luff : EdgeCode::Gaff;
-  line.Forward = pastThroat ? kTack + CrossingFraction(frame.Luff, seam)
-                            : kThroat + CrossingFraction(frame.Gaff, seam);
-  line.Aft = pastTack ? kTack + CrossingFraction(frame.Luff, seam)
-                      : kClew + CrossingFraction(frame.Foot, seam);
+  line.Forward = pastThroat ? kTack + CrossingFraction(frame.Edges.Luff, seam)
+                            : kThroat + CrossingFraction(frame.Edges.Gaff, seam);
+  line.Aft = pastTack ? kTack + CrossingFraction(frame.Edges.Luff, seam)
+                      : kClew + CrossingFraction(frame.Edges.Foot, seam);
   return line;
 }
 
@@ -46,11 +46,11 @@ Steps VerticalCutPass(const SurfaceFrame& frame, const Allowances& allowances, S
   const double squareShare = std::cos(sail.Definition.LeechAngle - sail.Definition.FootAngle);
   if (!(squareShare > 0)) throw GeometryFault(kFlatSailWords);
   const PlanePoint square{-frame.CosLeech / squareShare, -frame.SinLeech / squareShare};
-  const StepBounds bounds = BoundsAlong(frame, square, frame.Luff);
+  const StepBounds bounds = BoundsAlong(frame, square, frame.Edges.Luff);
   const Steps steps = StepOff(sail.Definition.ClothWidth, allowances, bounds);
   if (steps.TooMany) return steps;
 
-  LinePlan plan{{{frame.Foot, frame.Luff, frame.Gaff, frame.Leech}}};
+  LinePlan plan{{{frame.Edges.Foot, frame.Edges.Luff, frame.Edges.Gaff, frame.Edges.Leech}}};
   plan.PanelCount = steps.PanelCount;
   plan.LastCorner = kTack;
   plan.Lines[0] = {kPeak, kClew, EdgeCode::Gaff};

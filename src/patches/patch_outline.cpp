@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "geometry/edge_round.h"
 #include "geometry/faults.h"
+#include "geometry/sail_edges.h"
 #include "model/number_text.h"
 
 namespace brivane {
@@ -23,23 +23,6 @@ constexpr double kInnerBend = 0.35;
 // inner edge keeps this share of it, growing from the ends.
 constexpr double kLeastDepth = 0.2;
 constexpr double kLeastShare = 0.25;
-
-PlanePoint InPlane(const Corner& corner) { return {corner.x, corner.y}; }
-
-struct Edges {
-  RoundedEdge Foot, Luff, Gaff, Leech;
-};
-
-Edges EdgesOf(const SailDefinition& sail) {
-  const PlanePoint clew = InPlane(sail.ClewPoint);
-  const PlanePoint tack = {0, 0};
-  const PlanePoint throat = {0, sail.LuffLength};
-  const PlanePoint peak = InPlane(sail.PeakPoint);
-  return {MakeRoundedEdge(clew, tack, sail.FootRound, sail.FootRoundPos / 100.0),
-          MakeRoundedEdge(tack, throat, sail.LuffRound, sail.LuffRoundPos / 100.0),
-          MakeRoundedEdge(throat, peak, sail.GaffRound, sail.GaffRoundPos / 100.0),
-          MakeRoundedEdge(peak, clew, sail.LeechRound, sail.LeechRoundPos / 100.0)};
-}
 
 // One side of a patch: an edge of the sail walked from the patch's corner.
 struct Side {
@@ -59,7 +42,7 @@ struct Sides {
 };
 
 Sides SidesOf(const SailDefinition& sail, PatchCorner corner, double height, double width) {
-  const Edges edges = EdgesOf(sail);
+  const SailEdges edges = EdgesOf(sail);
   switch (corner) {
     case PatchCorner::Clew:
       return {{edges.Leech, false, height}, {edges.Foot, true, width}};

@@ -5,15 +5,14 @@
 #include <cstddef>
 #include <stdexcept>
 
-#include "geometry/edge_round.h"
+#include "geometry/sail_edges.h"
 #include "view/projection.h"
 
 namespace brivane {
 
 namespace {
 
-EdgePolyline EdgePoints(PlanePoint from, PlanePoint to, double round, int positionPercent) {
-  const RoundedEdge rounded = MakeRoundedEdge(from, to, round, positionPercent / 100.0);
+EdgePolyline PointsOf(const RoundedEdge& rounded) {
   EdgePolyline edge;
   for (int k = 0; k < kEdgePoints; ++k)
     edge[static_cast<std::size_t>(k)] = rounded.At(k / (kEdgePoints - 1.0));
@@ -38,14 +37,8 @@ const EdgePolyline& OutlineCurve::operator[](int edge) const {
 }
 
 OutlineCurve RoundedOutline(const SailDefinition& sail) {
-  const PlanePoint tack{0, 0};
-  const PlanePoint throat{0, sail.LuffLength};
-  const PlanePoint peak{sail.PeakPoint.x, sail.PeakPoint.y};
-  const PlanePoint clew{sail.ClewPoint.x, sail.ClewPoint.y};
-  return {EdgePoints(tack, throat, sail.LuffRound, sail.LuffRoundPos),
-          EdgePoints(throat, peak, sail.GaffRound, sail.GaffRoundPos),
-          EdgePoints(peak, clew, sail.LeechRound, sail.LeechRoundPos),
-          EdgePoints(clew, tack, sail.FootRound, sail.FootRoundPos)};
+  const SailEdges edges = EdgesOf(sail);
+  return {PointsOf(edges.Luff), PointsOf(edges.Gaff), PointsOf(edges.Leech), PointsOf(edges.Foot)};
 }
 
 Extent UprightExtent(const SailDefinition& sail) {

@@ -59,7 +59,9 @@ TEST(StepOff, KeepsSeamsOutOfAHollow) {
 class OnDefaultSail : public ::testing::Test {
  protected:
   OnDefaultSail() { ComputeOutline(sail_); }
-  Boundary Ring() const { return {{frame().Foot, frame().Luff, frame().Gaff, frame().Leech}}; }
+  Boundary Ring() const {
+    return {{frame().Edges.Foot, frame().Edges.Luff, frame().Edges.Gaff, frame().Edges.Leech}};
+  }
   const SurfaceFrame& frame() const {
     if (!frame_) frame_.emplace(sail_);
     return *frame_;
@@ -120,7 +122,7 @@ TEST_F(OnDefaultSail, TheClewIsNotLifted) {
 
 TEST_F(OnDefaultSail, BoundsReachTheLastCornerAndKnowAHollow) {
   const PlanePoint upLeech{-frame().SinLeech, frame().CosLeech};
-  const StepBounds bounds = BoundsAlong(frame(), upLeech, frame().Gaff);
+  const StepBounds bounds = BoundsAlong(frame(), upLeech, frame().Edges.Gaff);
   EXPECT_NEAR(bounds.LastCorner, sail_.LeechLength, 1e-5);
   EXPECT_EQ(bounds.HollowHigh, 0);  // the gaff bulges outward
   const RoundedEdge hollow = MakeRoundedEdge({0, 5000}, {2000, 5000}, -100, 0.5);

@@ -70,9 +70,9 @@ Tally DesignMany(SailDefinition (*draw)(Random&, const std::string&), const std:
   Tally tally;
   for (int i = 0; i < count && !::testing::Test::HasFailure(); ++i)
     ++tally[Design(draw(random, cut), i)];
-  std::cout << cut << ", seed " << RunSeed() << ", " << count << " sails\n";
+  std::cout << "note: " << cut << ", seed " << RunSeed() << ", " << count << " sails\n";
   for (const auto& [outcome, number] : tally)
-    std::cout << "    " << number << "  " << outcome << "\n";
+    std::cout << "note:     " << number << "  " << outcome << "\n";
   return tally;
 }
 
