@@ -58,25 +58,23 @@ Strip TakeStrip(const SurfaceGrid& grid, int p) {
   return strip;
 }
 
-/// Lays the apex of the triangle (a, b, apex) from the base a–b. Distances come from dot and cross
-/// products, so that nothing cancels. `upright` is the side for a triangle that stands upright.
+/// Lays the apex of the triangle (a, b, apex) from the base a–b, which lies in its true length.
+/// Distances along and across the base come from dot and cross products, so that nothing cancels.
+/// `upright` is the side for a triangle that stands upright.
 void LayApex(const StripPoint& a, const StripPoint& b, StripPoint& apex, double upright) {
   const Vector3 base = b.space - a.space;
   const Vector3 arm = apex.space - a.space;
-  const PlanePoint flatBase = b.flat - a.flat;
-  const double length = Length(base);
-  if (length < kNoBase ||
-      !(Length(flatBase) >
-        0)) {  // two points in one place: the arm keeps the direction of the axis
+  const double square = Dot(base, base);
+  if (square < kNoBase * kNoBase) {  // two points in one place: the arm takes the axis' direction
     apex.flat = a.flat + PlanePoint{Length(arm), 0};
     return;
   }
   const Vector3 normal = CrossProduct(base, arm);
   const double area = Length(normal);
   const double side = std::abs(normal.z) > kUpright * area ? normal.z : upright;
-  const double along = Dot(base, arm) / length;
-  const double across = std::copysign(area / length, side);
-  const PlanePoint direction = (1 / length) * (b.flat - a.flat);  // the base lies in its length
+  const double along = Dot(base, arm) / square;
+  const double across = std::copysign(area, side) / square;
+  const PlanePoint direction = b.flat - a.flat;
   apex.flat = a.flat + along * direction + across * PlanePoint{-direction.y, direction.x};
 }
 
@@ -85,9 +83,9 @@ int WidestRung(const Strip& strip) {
   int widest = kForwardCorner;
   double width = -1;
   for (int point = kForwardCorner; point <= kAftCorner; ++point) {
-    const double rung = Length(strip.upper[At(point)].space - strip.lower[At(point)].space);
-    if (rung > width) {
-      width = rung;
+    const Vector3 rung = strip.upper[At(point)].space - strip.lower[At(point)].space;
+    if (Dot(rung, rung) > width) {
+      width = Dot(rung, rung);
       widest = point;
     }
   }

@@ -25,7 +25,6 @@ OffsetSeam MoveInside(const FlatPanel& panel, double seamWidth) {
   std::array<PlanePoint, kSeamPoints> seam;
   std::copy_n(panel.Upper.begin() + kForwardCorner, kSeamPoints, seam.begin());
   OffsetSeam offset;
-  double length = 0;
   PlanePoint before = Unit(seam[1] - seam[0]);
   const PlanePoint first = before;
   for (std::size_t i = 0; i < seam.size(); ++i) {
@@ -33,11 +32,11 @@ OffsetSeam MoveInside(const FlatPanel& panel, double seamWidth) {
     // Inside is to the right going aft; the mitre keeps the width along both neighbours.
     const PlanePoint normals{before.y + after.y, -before.x - after.x};
     offset[i + 1] = seam[i] + (seamWidth / std::max(1 + Dot(before, after), 0.1)) * normals;
-    if (i > 0) length += Length(seam[i] - seam[i - 1]);
     before = after;
   }
-  offset.front() = offset[1] - length * first;
-  offset.back() = offset[Index(kSeamPoints)] + length * before;
+  const double reach = Length(seam.back() - seam.front()) + seamWidth;
+  offset.front() = offset[1] - reach * first;
+  offset.back() = offset[Index(kSeamPoints)] + reach * before;
   return offset;
 }
 
@@ -76,17 +75,9 @@ std::optional<double> FirstMeeting(const FlatPanel& panel, const OffsetSeam& sea
   return std::nullopt;
 }
 
-/// Arc lengths of the vertices of the offset seam, mm.
-std::array<double, kSeamPoints + 2> ArcLengths(const OffsetSeam& seam) {
-  std::array<double, kSeamPoints + 2> arcs{};
-  for (std::size_t i = 1; i < seam.size(); ++i)
-    arcs[i] = arcs[i - 1] + Length(seam[i] - seam[i - 1]);
-  return arcs;
-}
-
-double ArcAt(const std::array<double, kSeamPoints + 2>& arcs, double place) {
-  const auto k = std::min(static_cast<std::size_t>(place), arcs.size() - 2);
-  return arcs[k] + (place - static_cast<double>(k)) * (arcs[k + 1] - arcs[k]);
+PlanePoint PointAt(const OffsetSeam& seam, double place) {
+  const auto k = std::min(static_cast<std::size_t>(place), seam.size() - 2);
+  return Between(seam[k], seam[k + 1], place - static_cast<double>(k));
 }
 
 /// The height of the lower seam at one x after another, going aft, mm.
@@ -106,18 +97,17 @@ class LowerHeight {
   int point_ = kForwardCorner;
 };
 
-/// Points 6 to 34 at equal distances along the offset seam, between two places on it.
+/// Points 6 and 34 at two places of the offset seam, 7 to 33 spread between them over the seam
+/// itself, without its lengthened ends.
 void SpreadAlong(FlatPanel& panel, const OffsetSeam& seam, double from, double to) {
-  const auto arcs = ArcLengths(seam);
-  const double start = ArcAt(arcs, from);
-  const double step = (ArcAt(arcs, to) - start) / (kLastOnCut - kFirstOnCut);
+  panel.Edge[Index(kFirstOnCut)] = PointAt(seam, from);
+  panel.Edge[Index(kLastOnCut)] = PointAt(seam, to);
+  const double start = std::clamp(from, 1.0, static_cast<double>(kSeamPoints));
+  const double end = std::clamp(to, start, static_cast<double>(kSeamPoints));
   LowerHeight lower(panel);
-  std::size_t k = 0;
-  for (int point = kFirstOnCut; point <= kLastOnCut; ++point) {
-    const double arc = start + step * (point - kFirstOnCut);
-    while (k + 2 < arcs.size() && arcs[k + 1] < arc) ++k;
-    const double length = arcs[k + 1] - arcs[k];
-    PlanePoint at = Between(seam[k], seam[k + 1], length > 0 ? (arc - arcs[k]) / length : 0);
+  for (int point = kFirstOnCut + 1; point < kLastOnCut; ++point) {
+    const double share = (point - kFirstOnCut) * (1.0 / (kLastOnCut - kFirstOnCut));
+    PlanePoint at = PointAt(seam, start + (end - start) * share);
     at.y = std::max(at.y, lower.At(at.x));
     panel.Edge[Index(point)] = at;
   }
