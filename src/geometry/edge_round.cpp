@@ -20,20 +20,25 @@ struct LineDistance {
 
 /// The zero between low and high, where the distance has different signs: Newton's steps, held
 /// within the shrinking bracket by halving.
-double ZeroBetween(const LineDistance& distance, double low, double high, double start) {
+double ZeroBetween(const LineDistance& distance, double low, double high, double start,
+                   bool rising) {
   constexpr int kMostSteps = 100;
-  constexpr double kFractionTolerance = 1e-16;
-  const bool rising = distance.At(low) < distance.At(high);
+  // Newton's step squares the error: after one this short nothing is left to gain.
+  constexpr double kLastStep = 1e-9;
+  constexpr double kNarrowestBracket = 1e-16;
   double t = std::clamp(start, low, high);
-  for (int step = 0; step < kMostSteps; ++step) {
+  for (int step = 0; step < kMostSteps && high - low > kNarrowestBracket; ++step) {
     const double value = distance.At(t);
     if (value == 0) return t;
     ((value < 0) == rising ? low : high) = t;
     const double slope = distance.SlopeAt(t);
-    double next = slope != 0 ? t - value / slope : low;
-    if (!(next > low && next < high)) next = low + (high - low) / 2;
-    if (std::abs(next - t) <= kFractionTolerance || high - low <= kFractionTolerance) return next;
-    t = next;
+    const double next = slope != 0 ? t - value / slope : low;
+    if (next > low && next < high) {
+      if (std::abs(next - t) <= kLastStep) return next;
+      t = next;
+    } else {
+      t = low + (high - low) / 2;
+    }
   }
   return t;
 }
@@ -67,7 +72,8 @@ double NearestCrossing(const LineDistance& distance, double straight) {
   for (int stretch = 0; stretch <= count; ++stretch) {
     const double high = stretch < count ? turns[static_cast<std::size_t>(stretch)] : 1;
     if ((distance.At(low) <= 0) != (distance.At(high) <= 0)) {
-      const double t = ZeroBetween(distance, low, high, straight);
+      const double t =
+          ZeroBetween(distance, low, high, straight, distance.At(low) < distance.At(high));
       if (best < 0 || std::abs(t - straight) < std::abs(best - straight)) best = t;
     }
     low = high;
@@ -111,7 +117,8 @@ double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line) {
   const double straight = distance.along != 0 ? -distance.constant / distance.along : 0;
   const bool monotone = std::abs(distance.across) * edge.SteepestSlope < std::abs(distance.along);
   // The round vanishes at both corners, so that the distances there are the straight edge's.
-  if (monotone && straight > 0 && straight < 1) return ZeroBetween(distance, 0, 1, straight);
+  if (monotone && straight > 0 && straight < 1)
+    return ZeroBetween(distance, 0, 1, straight, distance.along > 0);
   const double crossing = monotone ? -1 : NearestCrossing(distance, straight);
   if (crossing >= 0) return crossing;
   return straight < 0.5 ? 0 : 1;
