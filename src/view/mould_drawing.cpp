@@ -42,6 +42,7 @@ double Normaliser(const MouldSection& section) {
 }
 
 double DepthAtPoint(const MouldSection& section, double normaliser, double chordFraction) {
+  if (normaliser == 0) return 0;
   const double depth = section.Depth * SectionProfile(section.LuffShape, section.LeechShape,
                                                       normaliser, chordFraction);
   return std::isfinite(depth) ? depth : 0;
