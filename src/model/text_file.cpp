@@ -1,16 +1,21 @@
 #include "model/text_file.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "model/failures.h"
@@ -23,6 +28,11 @@ constexpr mode_t kPermissions = 07777;
 constexpr mode_t kNewFileMode = 0666;
 constexpr int kMostLinks = 40;
 constexpr int kMostTemporaries = 100;
+constexpr std::string_view kTemporaryStart = ".brivane-";
+constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr time_t kLongestSaving = 60;  ///< seconds
+constexpr int kMostLockTries = 100;
+constexpr std::chrono::milliseconds kLockPause(10);
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // --- Failures ----------------------------------------------------------------------------------
@@ -155,7 +165,11 @@ std::string FollowLinks(std::string path) {
   for (int link = 0; link < kMostLinks; ++link) {
     std::array<char, 4096> target;
     const ssize_t length = readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return path;
+    if (length < 0) {
+      // Neither a link nor anything else; whatever else is wrong, a link might be lost by going on.
+      if (errno == EINVAL || errno == ENOENT) return path;
+      Fail(errno, FileStep::Opening);
+    }
     const std::string to(target.data(), static_cast<std::size_t>(length));
     if (to.starts_with('/'))
       path = to;
@@ -165,6 +179,31 @@ std::string FollowLinks(std::string path) {
   Fail(ELOOP, FileStep::Opening);
 }
 
+// --- Plain writing -----------------------------------------------------------------------------
+
+/// Keeps another program of ours from writing to the same file until this one is closed. A file
+/// system without locks leaves it to the user.
+void LockForWriting(const OpenFile& file) {
+  struct flock whole {};
+  whole.l_type = F_WRLCK;
+  whole.l_whence = SEEK_SET;
+  for (int tries = 0; fcntl(file.Descriptor(), F_SETLK, &whole) != 0; ++tries) {
+    if (errno != EACCES && errno != EAGAIN && errno != EINTR) return;
+    if (tries == kMostLockTries)
+      throw FileError(FileErrorKind::Other, FileStep::Opening,
+                      "Another program is writing to this file");
+    std::this_thread::sleep_for(kLockPause);
+  }
+}
+
+/// Empties the file, once nobody else writes to it. A device has nothing to be emptied.
+void EmptyForWriting(const OpenFile& file) {
+  if (!S_ISREG(StatusOf(file).st_mode)) return;
+  LockForWriting(file);
+  if (Uninterrupted([&] { return ftruncate(file.Descriptor(), 0); }) != 0)
+    Fail(errno, FileStep::Opening);
+}
+
 // --- Safe writing ------------------------------------------------------------------------------
 
 /// A new file beside the target, removed again unless it has been put in the target's place.
@@ -172,9 +211,9 @@ class TemporaryFile {
  public:
   /// The short name fits wherever the target's own does.
   explicit TemporaryFile(const std::string& folder) {
-    const std::string stem = folder + ".brivane-" + std::to_string(getpid()) + '-';
+    const std::string stem = folder + std::string(kTemporaryStart) + std::to_string(getpid()) + '-';
     for (int number = 0;; ++number) {
-      path_ = stem + std::to_string(number) + ".tmp";
+      path_ = stem + std::to_string(number) + std::string(kTemporaryEnd);
       descriptor_ = OpenUninterrupted(path_, O_WRONLY | O_CREAT | O_EXCL, kNewFileMode);
       if (descriptor_ >= 0) return;
       if (errno != EEXIST || number == kMostTemporaries) Fail(errno, FileStep::Opening);
@@ -199,6 +238,34 @@ class TemporaryFile {
   bool replaced_ = false;
 };
 
+/// The process that made a temporary file of ours, by the file's name; 0 for any other file.
+pid_t MakerOf(std::string_view name) {
+  if (!name.starts_with(kTemporaryStart) || !name.ends_with(kTemporaryEnd)) return 0;
+  name.remove_prefix(kTemporaryStart.size());
+  name.remove_suffix(std::min(name.size(), kTemporaryEnd.size()));
+  pid_t maker = 0;
+  const char* const end = name.data() + name.size();
+  const auto [rest, error] = std::from_chars(name.data(), end, maker);
+  return error == std::errc() && rest != end && *rest == '-' && maker > 0 ? maker : 0;
+}
+
+/// Removes the temporary files that programs left here when they were killed: their maker no longer
+/// runs, and they are older than any saving takes (it may be another computer's, whose processes
+/// are not seen from here). Ages go by the file system's own clock, on which `now` was told.
+void RemoveLeftovers(const std::string& folder, time_t now) {
+  std::error_code error;
+  std::filesystem::directory_iterator entries(folder, error);
+  for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+    const pid_t maker = MakerOf(entries->path().filename().native());
+    if (maker == 0 || kill(maker, 0) == 0 || errno != ESRCH) continue;
+    const std::string& path = entries->path().native();
+    struct stat status {};
+    if (lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+        now - status.st_mtime > kLongestSaving)
+      unlink(path.c_str());
+  }
+}
+
 /// The owner goes first, as changing it may clear mode bits; only the superuser can give a file
 /// away, so a refusal is no failure.
 void KeepOwnerAndMode(const OpenFile& file, const struct stat& old) {
@@ -220,15 +287,18 @@ void FlushFolder(const std::string& folder) {
     Fail(errno, FileStep::Closing);
 }
 
-void FillTemporary(const TemporaryFile& temporary, const std::optional<struct stat>& old,
-                   std::string_view bytes) {
+/// Yields the time of the last write, on the file system's clock.
+time_t FillTemporary(const TemporaryFile& temporary, const std::optional<struct stat>& old,
+                     std::string_view bytes) {
   OpenFile file(temporary.Descriptor());
   if (old) KeepOwnerAndMode(file, *old);
   if (const Written written = WriteAll(file, bytes); written.Error != 0)
     Fail(written.Error, FileStep::Writing, written.Bytes);
   if (Uninterrupted([&] { return fsync(file.Descriptor()); }) != 0)
     Fail(errno, FileStep::Closing, bytes.size());
+  const time_t now = StatusOf(file).st_mtime;
   if (const int error = file.Close(); error != 0) Fail(error, FileStep::Closing, bytes.size());
+  return now;
 }
 
 // --- Reading -----------------------------------------------------------------------------------
@@ -274,12 +344,13 @@ void WritePlainFile(const std::string& path, std::string_view text) {
     if (!S_ISREG(old->st_mode) && !S_ISCHR(old->st_mode)) FailNotRegular();
     RefuseReadOnly(*old);
   }
-  OpenFile file(OpenUninterrupted(path, O_WRONLY | O_CREAT | O_TRUNC, kNewFileMode));
+  OpenFile file(OpenUninterrupted(path, O_WRONLY | O_CREAT, kNewFileMode));
   if (file.Descriptor() < 0) Fail(errno, FileStep::Opening);
   // A device is written to at its own pace.
   const int flags = fcntl(file.Descriptor(), F_GETFL);
   if (flags < 0 || fcntl(file.Descriptor(), F_SETFL, flags & ~O_NONBLOCK) != 0)
     Fail(errno, FileStep::Opening);
+  EmptyForWriting(file);
   const Written written = WriteAll(file, ToCodePage1252(text));
   if (written.Error != 0) Fail(written.Error, FileStep::Writing, written.Bytes);
   if (const int error = file.Close(); error != 0) Fail(error, FileStep::Closing, written.Bytes);
@@ -311,9 +382,10 @@ void WriteBytesSafely(const std::string& path, std::string_view bytes) {
   }
   const std::string folder = FolderOf(target);
   TemporaryFile temporary(folder);
-  FillTemporary(temporary, old, bytes);
+  const time_t now = FillTemporary(temporary, old, bytes);
   temporary.Replace(target);
   FlushFolder(folder);
+  RemoveLeftovers(folder, now);
 }
 
 }  // namespace brivane

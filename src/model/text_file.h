@@ -21,8 +21,10 @@ inline constexpr std::size_t kLargestFile = std::size_t{1} << 20;
 std::string ReadWholeFile(const std::string& path);
 
 /// Creates or truncates the file and writes the text. After a failure the file holds what had been
-/// written, and the error tells how many bytes that is. Refuses folders, pipes, sockets, disks and
-/// files without any write permission; a device that takes characters is written to.
+/// written, and the error tells how many bytes that is. Two programs that write to the same file do
+/// it one after the other; one that waits for more than a second gives up. Refuses folders, pipes,
+/// sockets, disks and files without any write permission; a device that takes characters is written
+/// to.
 void WritePlainFile(const std::string& path, std::string_view text);
 
 /// Removes the file where there is one; a link is removed, not what it leads to. Refuses what is
@@ -33,7 +35,8 @@ void RemoveOldFile(const std::string& path);
 /// the place of the old file. After a failure the old file is whole and the temporary gone (where
 /// only flushing the folder fails, the new file is in place). Links are followed, the mode and,
 /// where the system allows it, the owner of the old file are kept. Refuses what is not a regular
-/// file and files without any write permission. Other hard links keep the old text.
+/// file and files without any write permission. Other hard links keep the old text. What a program
+/// that was killed while it saved left in the folder is removed by a later saving.
 void WriteFileSafely(const std::string& path, std::string_view text);
 
 /// The same for a file that is no text: the bytes as they are.
