@@ -15,6 +15,7 @@ enum class DesignEnd {
   TooManyPanels  ///< more than 70 panels; ClothWidth has been raised, nothing is laid out
 };
 
+/// What a design pass came to, beside the panels themselves.
 struct DesignResult {
   DesignEnd End = DesignEnd::Fitted;
   int Passes = 0;          ///< layout passes that were run

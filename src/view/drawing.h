@@ -7,6 +7,7 @@
 
 namespace brivane {
 
+/// A colour by its parts, 0 to 255.
 struct Colour {
   int Red = 0;
   int Green = 0;
