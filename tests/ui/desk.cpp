@@ -14,6 +14,7 @@ namespace brivane {
 namespace {
 
 constexpr int kPatienceMs = 5000;
+constexpr int kActivationMs = 300;
 
 }  // namespace
 
@@ -34,6 +35,12 @@ Desk::~Desk() {
   SetMessageShower({});
   windows_.reset();
   QCoreApplication::sendPostedEvents();
+}
+
+void Desk::GoTo(QWidget& window) {
+  windows_->BringToFront(window);
+  QVERIFY(QTest::qWaitForWindowActive(&window));
+  QTest::qWait(0);  // what the other window does as it is left
 }
 
 void Desk::ShowRealMessages() { SetMessageShower({}); }
@@ -75,13 +82,27 @@ bool IsYellow(const QLineEdit* field) {
   return field->palette().color(QPalette::Base) == QColor(Qt::yellow);
 }
 
+QString Plain(QString caption) { return caption.remove('&'); }
+
+bool EndsTheProgram(const std::function<void()>& step) {
+  constexpr int kNotEnded = 7;
+  QTimer::singleShot(0, qApp, step);
+  QTimer late;
+  QObject::connect(&late, &QTimer::timeout, qApp, [] { QCoreApplication::exit(kNotEnded); });
+  late.start(3000);
+  return QCoreApplication::exec() == 0;
+}
+
 void WhenDialogIsUp(const QString& name, const std::function<void(QWidget*)>& steps) {
   auto* watch = new QTimer(qApp);
   QElapsedTimer since;
   since.start();
   QObject::connect(watch, &QTimer::timeout, watch, [=] {
     QWidget* const dialog = QApplication::activeModalWidget();
-    const bool isUp = dialog != nullptr && dialog->objectName() == name && dialog->isVisible();
+    const bool isShown = dialog != nullptr && dialog->objectName() == name && dialog->isVisible();
+    // A platform without a window manager does not always activate a dialog above a dialog.
+    const bool isUp = isShown && (dialog->isActiveWindow() || since.elapsed() > kActivationMs);
+    if (isShown && !isUp) dialog->activateWindow();
     if (!isUp && since.elapsed() < kPatienceMs) return;
     watch->stop();
     watch->deleteLater();
@@ -95,6 +116,8 @@ void WhenDialogIsUp(const QString& name, const std::function<void(QWidget*)>& st
 void ChooseFile(QWidget* dialog, const QString& path) {
   auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
   TypeAndStay(name, path);
+  // The list of completions would take the key.
+  if (QWidget* completions = QApplication::activePopupWidget()) completions->hide();
   QTest::keyClick(name, Qt::Key_Return);
 }
 

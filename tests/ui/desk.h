@@ -11,6 +11,8 @@
 #include "ui/dessin1.h"
 #include "ui/menu1.h"
 #include "ui/messages.h"
+#include "ui/patch1.h"
+#include "ui/sail_form.h"
 #include "ui/windows.h"
 
 namespace brivane {
@@ -31,12 +33,17 @@ class Desk {
   Menu1& Start() { return windows_->Start(); }
   Create1& Dimensions() { return windows_->Dimensions(); }
   Dessin1& Picture() { return windows_->Picture(); }
+  SailForm& Mould() { return windows_->Mould(); }
+  Patch1& Patches() { return windows_->Patches(); }
   Windows& All() { return *windows_; }
 
   /// Presses "Create a new sail" and waits for the dimensions window.
   void CreateSail();
   /// Creates a sail and validates it unchanged: the drawing window is in front.
   void DesignDefaultSail();
+
+  /// Brings a window to the front and waits for it.
+  void GoTo(QWidget& window);
 
   /// Lets real message boxes come up.
   void ShowRealMessages();
@@ -61,6 +68,12 @@ void TypeLetter(QLineEdit* field, QChar letter);
 void Press(QAbstractButton* button);
 
 bool IsYellow(const QLineEdit* field);
+
+/// A caption without its mnemonic.
+QString Plain(QString caption);
+
+/// Runs the event loop of the program, takes the step in it, and tells whether that ended it.
+bool EndsTheProgram(const std::function<void()>& step);
 
 /// Runs the steps as soon as a dialog of this object name is up, with the dialog. Fails the test
 /// when none comes up within seconds.

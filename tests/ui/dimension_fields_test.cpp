@@ -42,8 +42,6 @@ class DimensionFieldsTest : public QObject {
 
 namespace {
 
-QString Plain(QString caption) { return caption.remove('&'); }
-
 const QString kLuffTooShort = "Luff too short, has been adjusted to minimum";
 
 struct Made {

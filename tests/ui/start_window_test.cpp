@@ -20,20 +20,6 @@ class StartWindowTest : public QObject {
   void EscapeGoesBackToTheDrawing();
 };
 
-namespace {
-
-QString Plain(QString caption) { return caption.remove('&'); }
-
-/// Runs the event loop and tells whether the step ended it.
-bool EndsTheProgram(const std::function<void()>& step) {
-  constexpr int kNotEnded = 7;
-  QTimer::singleShot(0, qApp, step);
-  QTimer::singleShot(3000, qApp, [] { QCoreApplication::exit(kNotEnded); });
-  return QCoreApplication::exec() == 0;
-}
-
-}  // namespace
-
 void StartWindowTest::CaptionsInBothLanguages() {
   Desk desk;
   QCOMPARE(desk.Start().windowTitle(), " Welcome to Brivane 2000  version: 25 June 2000 ");
