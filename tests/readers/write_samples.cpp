@@ -35,23 +35,6 @@ Point GridPoint(const SurfaceGrid& grid, int line, int point) {
   return {grid.SurfaceX(line, point), grid.SurfaceY(line, point), grid.SurfaceZ(line, point)};
 }
 
-double Distance(const Point& a, const Point& b) {
-  return std::hypot(b.x - a.x, b.y - a.y, b.z - a.z);
-}
-
-/// The point k along a strip where its two seams are farthest apart.
-int WidestRung(const SurfaceGrid& grid, int panel) {
-  int widest = kForwardCorner;
-  double width = 0;
-  for (int k = kForwardCorner; k <= kAftCorner; ++k) {
-    const double rung = Distance(GridPoint(grid, panel, k), GridPoint(grid, panel + 1, k));
-    if (rung <= width) continue;
-    width = rung;
-    widest = k;
-  }
-  return widest;
-}
-
 /// Area between an edge piece and the straight line from its one end to the other, points first to
 /// first + 5 of a line, fanned from the end that lies on the upper seam.
 double EdgeArea(const SurfaceGrid& grid, int line, int first) {
@@ -63,15 +46,13 @@ double EdgeArea(const SurfaceGrid& grid, int line, int first) {
 }
 
 /// Area of the strip between two neighbouring lines, folded as it is laid flat: each quadrangle
-/// from its upper corner next to the widest rung to the lower one away from it.
+/// from its upper forward to its lower aft corner.
 double StripArea(const SurfaceGrid& grid, int panel) {
-  const int widest = WidestRung(grid, panel);
   double area = 0;
   for (int k = kForwardCorner; k < kAftCorner; ++k) {
     const Point a = GridPoint(grid, panel, k), b = GridPoint(grid, panel, k + 1);
     const Point c = GridPoint(grid, panel + 1, k + 1), d = GridPoint(grid, panel + 1, k);
-    area += k < widest ? SignedArea(a, b, c) + SignedArea(a, c, d)
-                       : SignedArea(a, b, d) + SignedArea(b, c, d);
+    area += SignedArea(a, b, d) + SignedArea(b, c, d);
   }
   // Both edge pieces run round the strip in the direction opposite to the quadrangles'.
   return area - EdgeArea(grid, panel + 1, 0) - EdgeArea(grid, panel + 1, kAftCorner);
