@@ -116,6 +116,15 @@ void Hand::Choose(QAbstractButton& option) {
   if (!option.isChecked()) throw LostWay(option.objectName() + " cannot be chosen");
 }
 
+void Hand::ChooseLast(QComboBox& list) {
+  Click(list);
+  Press(Qt::Key_End);
+  Press(Qt::Key_Return);
+  Rest();
+  if (list.currentIndex() != list.count() - 1)
+    throw LostWay(list.objectName() + " does not let its last line be chosen");
+}
+
 void Hand::Drag(QWidget& control, QPoint from, QPoint to, Qt::MouseButton button,
                 const std::function<void()>& midway) {
   QWindow& window = WindowOf(control);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollBar>
@@ -42,6 +43,8 @@ class Hand : public QObject {
   void ClickAt(QWidget& control, QPoint at);
   /// Clicks the mark of an option button, whose widget may be wider than its text.
   void Choose(QAbstractButton& option);
+  /// Opens a list and picks its last line.
+  void ChooseLast(QComboBox& list);
   /// Drags from one place of a control to another. While the button is still down the action runs.
   void Drag(QWidget& control, QPoint from, QPoint to, Qt::MouseButton button,
             const std::function<void()>& midway = {});

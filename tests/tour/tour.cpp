@@ -1,7 +1,8 @@
 // Drives the real windows through the main job with real key and mouse events, and leaves pictures
-// and files: tour FOLDER, with the folders "pictures" and "files" in it.
+// and files: tour FOLDER, with the folders "pictures", "files" and "paper" in it.
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QRadioButton>
@@ -32,7 +33,9 @@ constexpr const char* kOldSail =
 class Tour {
  public:
   explicit Tour(const QDir& folder)
-      : files_(folder.filePath("files")), camera_(folder.filePath("pictures")) {}
+      : files_(folder.filePath("files")),
+        paper_(folder.filePath("paper")),
+        camera_(folder.filePath("pictures")) {}
 
   void Take() {
     Begin();
@@ -41,6 +44,8 @@ class Tour {
     VisitCuts();
     OpenSails();
     VisitPatches("english");
+    Stop("The reports on paper");
+    PrintReports("english", "60-printer-setup");
     GoFrench();
     Leave();
   }
@@ -191,6 +196,29 @@ class Tour {
     Open(files_.filePath("twistfoot/Newsail.bv3"));
   }
 
+  /// Sets a PDF file up as the printer, then prints a report into it.
+  void Print(const char* entry, const QString& name, bool lying, const QString& picture = {}) {
+    hand_.WhenAsked("PrinterSetup", [this, name, lying, picture](QWidget& dialog) {
+      hand_.ChooseLast(hand_.In<QComboBox>(dialog, "Destination"));
+      hand_.Fill(hand_.In<QLineEdit>(dialog, "PdfPath"), paper_.filePath(name));
+      hand_.Choose(hand_.In<QAbstractButton>(dialog, lying ? "Landscape" : "Portrait"));
+      if (!picture.isEmpty()) camera_.Take(picture, {dialog.parentWidget()->window(), &dialog});
+      ClickIn(dialog, "Ok");
+    });
+    hand_.Pick(Drawing(), {"fmenu", "fprint", "fprint_setup"});
+    hand_.AllAnswered();
+    hand_.Pick(Drawing(), {"fmenu", "fprint", entry});
+    hand_.Rest();
+    if (!QFile::exists(paper_.filePath(name))) throw LostWay("no paper came out: " + name);
+    Stop(qPrintable("  paper " + name));
+  }
+
+  void PrintReports(const QString& language, const QString& picture) {
+    Print("fPrint_Data", "data-" + language + ".pdf", false, picture);
+    Print("fPrint_Drawing", "drawing-" + language + ".pdf", true);
+    Print("fPrint_Panels", "panels-" + language + ".pdf", false);
+  }
+
   void VisitPatches(const QString& language) {
     if (!hand_.MayPick(Drawing(), "m_Patch")) return;
     hand_.Pick(Drawing(), {"m_Patch"});
@@ -225,6 +253,7 @@ class Tour {
     ClickIn(Drawing(), "Developing");
     camera_.Take("44-developed-french", {&Drawing()});
     VisitPatches("french");
+    PrintReports("french", {});
   }
 
   void Leave() {
@@ -234,6 +263,7 @@ class Tour {
   }
 
   QDir files_;
+  QDir paper_;
   Hand hand_;
   Camera camera_;
 };
