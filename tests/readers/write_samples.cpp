@@ -23,12 +23,15 @@ struct Point {
   double x, y, z;
 };
 
-/// Area of a triangle in space, negative where it lies clockwise in the sail's plane.
-double SignedArea(const Point& a, const Point& b, const Point& c) {
+/// Area of a triangle in space, negative where it lies clockwise in the sail's plane. A triangle
+/// that stands upright on that plane has no sense of its own and takes the given one, 1 or -1.
+double SignedArea(const Point& a, const Point& b, const Point& c, double upright) {
+  constexpr double kUpright = 1e-6;
   const Point u{b.x - a.x, b.y - a.y, b.z - a.z};
   const Point v{c.x - a.x, c.y - a.y, c.z - a.z};
   const Point n{u.y * v.z - u.z * v.y, u.z * v.x - u.x * v.z, u.x * v.y - u.y * v.x};
-  return std::copysign(std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z) / 2, n.z);
+  const double area = std::hypot(n.x, n.y, n.z) / 2;
+  return std::copysign(area, std::abs(n.z) > kUpright * area ? n.z : upright);
 }
 
 Point GridPoint(const SurfaceGrid& grid, int line, int point) {
@@ -37,25 +40,34 @@ Point GridPoint(const SurfaceGrid& grid, int line, int point) {
 
 /// Area between an edge piece and the straight line from its one end to the other, points first to
 /// first + 5 of a line, fanned from the end that lies on the upper seam.
-double EdgeArea(const SurfaceGrid& grid, int line, int first) {
+double EdgeArea(const SurfaceGrid& grid, int line, int first, double upright) {
   const Point apex = GridPoint(grid, line, first == 0 ? first + 5 : first);
   double area = 0;
   for (int k = first; k < first + 5; ++k)
-    area += SignedArea(apex, GridPoint(grid, line, k), GridPoint(grid, line, k + 1));
+    area += SignedArea(apex, GridPoint(grid, line, k), GridPoint(grid, line, k + 1), upright);
   return area;
+}
+
+/// 1 where the strip lies to the left of its lower line, -1 where it lies to the right.
+double PlanSide(const SurfaceGrid& grid, int panel) {
+  const Point a = GridPoint(grid, panel, kForwardCorner), b = GridPoint(grid, panel, kAftCorner);
+  constexpr int kMiddlePoint = (kForwardCorner + kAftCorner) / 2;
+  const Point c = GridPoint(grid, panel + 1, kMiddlePoint);
+  return std::copysign(1.0, (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x));
 }
 
 /// Area of the strip between two neighbouring lines, folded as it is laid flat: each quadrangle
 /// from its upper forward to its lower aft corner.
 double StripArea(const SurfaceGrid& grid, int panel) {
+  const double side = PlanSide(grid, panel);
   double area = 0;
   for (int k = kForwardCorner; k < kAftCorner; ++k) {
     const Point a = GridPoint(grid, panel, k), b = GridPoint(grid, panel, k + 1);
     const Point c = GridPoint(grid, panel + 1, k + 1), d = GridPoint(grid, panel + 1, k);
-    area += SignedArea(a, b, d) + SignedArea(b, c, d);
+    area += SignedArea(a, b, d, side) + SignedArea(b, c, d, side);
   }
   // Both edge pieces run round the strip in the direction opposite to the quadrangles'.
-  return area - EdgeArea(grid, panel + 1, 0) - EdgeArea(grid, panel + 1, kAftCorner);
+  return area - EdgeArea(grid, panel + 1, 0, -side) - EdgeArea(grid, panel + 1, kAftCorner, -side);
 }
 
 std::string Digits(double value) {

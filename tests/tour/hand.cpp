@@ -182,11 +182,6 @@ void Hand::Fill(QLineEdit& field, const QString& text) {
   Check();
 }
 
-bool Hand::MayPick(QWidget& window, const char* name) {
-  const QAction* entry = EntryOf(BarOf(window), name);
-  return entry != nullptr && entry->isEnabled();
-}
-
 void Hand::Pick(QWidget& window, const std::vector<const char*>& names) {
   QWidget* menu = &BarOf(window);
   for (const char* name : names) {

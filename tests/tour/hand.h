@@ -58,8 +58,6 @@ class Hand : public QObject {
   void Fill(QLineEdit& field, const QString& text);
   /// Opens the menus and picks the last of the named entries.
   void Pick(QWidget& window, const std::vector<const char*>& names);
-  /// True where the entry at the top of the menus with that name can be picked.
-  bool MayPick(QWidget& window, const char* name);
 
   /// What to do with the next modal dialog that comes up; it must have the object name.
   void WhenAsked(const char* dialogName, std::function<void(QWidget&)> answer);

@@ -42,6 +42,7 @@ class Tour {
     TypeDimensions();
     LookAtDrawing();
     VisitCuts();
+    VisitMould("english");
     OpenSails();
     VisitPatches("english");
     Stop("The reports on paper");
@@ -219,8 +220,28 @@ class Tour {
     Print("fPrint_Panels", "panels-" + language + ".pdf", false);
   }
 
+  void VisitMould(const QString& language) {
+    Stop("The mould");
+    hand_.Pick(Drawing(), {"m_Mold"});
+    QWidget& mould = hand_.Window("SailForm");
+    camera_.Take("45-mould-" + language, {&mould});
+    hand_.Fill(hand_.In<QLineEdit>(mould, "Text2_1"), "14");
+    hand_.Turn(hand_.In<QScrollBar>(mould, "VScroll1_1"), 60);
+    hand_.Turn(hand_.In<QScrollBar>(mould, "VScroll3"), 5);
+    camera_.Take("46-mould-changed-" + language, {&mould});
+    hand_.WhenAsked("FileDialog", [this](QWidget& dialog) {
+      hand_.GivePath(dialog, files_.filePath("crosscut/Newsail.bv3"));
+    });
+    ClickIn(mould, "Load");
+    hand_.AllAnswered();
+    camera_.Take("47-mould-loaded-" + language, {&mould});
+    ClickIn(mould, "Done");
+    ClickIn(Drawing(), "Clean");
+    camera_.Take("48-drawing-mould-" + language, {&Drawing()});
+  }
+
   void VisitPatches(const QString& language) {
-    if (!hand_.MayPick(Drawing(), "m_Patch")) return;
+    Stop("The corner patches");
     hand_.Pick(Drawing(), {"m_Patch"});
     QWidget& patches = hand_.Window("Patch1");
     camera_.Take("50-patches-" + language, {&patches});
@@ -252,6 +273,7 @@ class Tour {
     camera_.Take("43-drawing-labels-french", {&Drawing()});
     ClickIn(Drawing(), "Developing");
     camera_.Take("44-developed-french", {&Drawing()});
+    VisitMould("french");
     VisitPatches("french");
     PrintReports("french", {});
   }
