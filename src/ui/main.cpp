@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <csignal>
 
 #include "model/region.h"
 #include "ui/current_sail.h"
@@ -7,6 +8,8 @@
 #include "ui/windows.h"
 
 int main(int argc, char** argv) {
+  // Where files may not grow any further, the writing fails and is told; the program goes on.
+  std::signal(SIGXFSZ, SIG_IGN);
   QApplication application(argc, argv);
   QApplication::setApplicationName(brivane::ToQt(brivane::ProgramTitle));
   brivane::Current().DecimalMark = brivane::RegionalDecimalMark();

@@ -1,6 +1,10 @@
 #include "faults/savers.h"
 
+#include <stdlib.h>
+#include <unistd.h>
+
 #include <filesystem>
+#include <optional>
 
 #include "export/patch_files.h"
 #include "model/temporary_folder.h"
@@ -38,7 +42,19 @@ Saver SaverOf(const std::string& name, const Sail& sail) {
           &SaveAs<Kind>};
 }
 
+/// The contents that a name leads to; nothing where there is no file.
+std::optional<std::string> TextAt(const std::string& path) {
+  if (!fs::exists(path)) return std::nullopt;
+  return BytesOf(path);
+}
+
 }  // namespace
+
+FoldersInMemory::FoldersInMemory() : usual_(fs::temp_directory_path().string()) {
+  constexpr const char* kMemory = "/dev/shm";
+  if (access(kMemory, W_OK | X_OK) == 0) setenv("TMPDIR", kMemory, 1);
+}
+FoldersInMemory::~FoldersInMemory() { setenv("TMPDIR", usual_.c_str(), 1); }
 
 Sail FewPanels() {
   Sail sail;
@@ -80,9 +96,26 @@ std::string OutcomeWords(const SaveOutcome& outcome) {
   return outcome.Failure ? outcome.Failure->Title + ": " + outcome.Failure->Text : "saved";
 }
 
-bool IsTold(const SaveOutcome& outcome) {
-  return outcome.Failure && outcome.Failure->Title.starts_with("Brivane 2000") &&
-         !outcome.Failure->Text.empty();
+void PutOldFiles(const Saver& saver, const std::string& folder) {
+  for (const std::string& file : saver.Files) PutBytes(folder + '/' + file, std::string(kOldText));
+}
+
+Judgement Judge(const Saver& saver, const FolderContents& clean, bool hadOldFiles,
+                const std::string& folder, const SaveOutcome& outcome) {
+  Judgement judgement;
+  judgement.IsTold = outcome.Saved() || (outcome.Failure->Title.starts_with("Brivane 2000") &&
+                                         !outcome.Failure->Text.empty());
+  for (const std::string& name : saver.Files) {
+    const std::optional<std::string> left = TextAt(folder + '/' + name);
+    const bool isOld = hadOldFiles ? left == kOldText : !left;
+    const bool isNew = left == clean.at(name);
+    const bool isBegun = !left || clean.at(name).starts_with(*left);
+    if (outcome.Saved() && !isNew) judgement.FalseSuccesses.push_back(name);
+    if (!isOld && !isNew && (saver.Safe || !isBegun)) judgement.Lost.push_back(name);
+  }
+  for (const auto& [name, text] : ContentsOf(folder))
+    if (!clean.contains(name)) judgement.LeftBehind.push_back(name);
+  return judgement;
 }
 
 }  // namespace brivane
