@@ -13,8 +13,8 @@ namespace {
 /// about the side on which to lay it.
 constexpr double kUpright = 1e-6;
 
-/// Bases shorter than this (mm) give no direction.
-constexpr double kNoBase = 1e-9;
+/// A base whose length to the fourth (mm⁴) is smaller gives no direction.
+constexpr double kNoBase = 1e-36;
 
 struct Vector3 {
   double x = 0, y = 0, z = 0;
@@ -58,24 +58,26 @@ Strip TakeStrip(const SurfaceGrid& grid, int p) {
   return strip;
 }
 
-/// Lays the apex of the triangle (a, b, apex) from the base a–b, which lies in its true length.
+/// Lays the apex of the triangle (a, b, apex) from the base a–b.
 /// Distances along and across the base come from dot and cross products, so that nothing cancels.
 /// `upright` is the side for a triangle that stands upright.
 void LayApex(const StripPoint& a, const StripPoint& b, StripPoint& apex, double upright) {
   const Vector3 base = b.space - a.space;
   const Vector3 arm = apex.space - a.space;
-  const double square = Dot(base, base);
-  if (square < kNoBase * kNoBase) {  // two points in one place: the arm takes the axis' direction
+  const PlanePoint flatBase = b.flat - a.flat;
+  // Over both lengths of the base, so that the arm keeps its own whatever the base has lost.
+  const double squares = Dot(base, base) * Dot(flatBase, flatBase);
+  if (!(squares > kNoBase)) {  // two points in one place: the arm takes the axis' direction
     apex.flat = a.flat + PlanePoint{Length(arm), 0};
     return;
   }
   const Vector3 normal = CrossProduct(base, arm);
   const double area = Length(normal);
   const double side = std::abs(normal.z) > kUpright * area ? normal.z : upright;
-  const double along = Dot(base, arm) / square;
-  const double across = std::copysign(area, side) / square;
-  const PlanePoint direction = b.flat - a.flat;
-  apex.flat = a.flat + along * direction + across * PlanePoint{-direction.y, direction.x};
+  const double scale = 1 / std::sqrt(squares);
+  const double along = Dot(base, arm) * scale;
+  const double across = std::copysign(area, side) * scale;
+  apex.flat = a.flat + along * flatBase + across * PlanePoint{-flatBase.y, flatBase.x};
 }
 
 /// The widest rung of the strip: the two seams may meet at its ends, but not there.
