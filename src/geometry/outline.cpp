@@ -119,10 +119,10 @@ void ComputeOutline(SailDefinition& sail) {
 }
 
 void RecomputeOutline(Sail& sail) {
-  ComputeOutline(sail.Definition);
   sail.Grid.Erase();
   sail.Panels.Erase();
   sail.Definition.PanelCount = 0;
+  ComputeOutline(sail.Definition);
 }
 
 }  // namespace brivane

@@ -13,7 +13,8 @@ namespace brivane {
 void ComputeOutline(SailDefinition& sail);
 
 /// Computes the outline and erases the surface grid and the developed panels, so that nothing
-/// stale is drawn or written. PanelCount becomes 0. Throws as ComputeOutline does.
+/// stale is drawn or written. PanelCount becomes 0. Throws as ComputeOutline does, the grid and the
+/// panels erased all the same.
 void RecomputeOutline(Sail& sail);
 
 /// Holds each edge round within limits set by the length of its edge.

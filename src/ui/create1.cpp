@@ -146,7 +146,8 @@ void Create1::Activated() { RefillUntyped(); }
 void Create1::Left() {
   if (passRuns_) return;
   RunPass();
-  windows_.ShowBehind(windows_.Picture());
+  if (isVisible()) return windows_.ShowBehind(windows_.Picture());
+  windows_.BringToFront(windows_.Picture());
 }
 
 void Create1::Validate() {

@@ -7,7 +7,10 @@
 #include "ui/create1.h"
 #include "ui/current_sail.h"
 #include "ui/menu1.h"
+#include "ui/messages.h"
+#include "ui/qt_text.h"
 #include "ui/save_command.h"
+#include "view/layout_summary.h"
 #include "view/navigation.h"
 #include "view/sail_drawing.h"
 
@@ -47,9 +50,14 @@ void Dessin1::closeEvent(QCloseEvent* event) {
 void Dessin1::Draw() {
   ++drawCount_;
   const CurrentSail& current = Current();
-  Picture1->Show(SailDrawing(current.TheSail, current.View, Picture1->Size(), content_,
-                             ScrollAngle(HScroll1->value()), ScrollAngle(VScroll1->value()),
-                             current.Language));
+  Drawing drawing;
+  // Nothing stands between a drawing and a paint event: a sail that cannot be drawn shows nothing.
+  WordsOfFailure([&] {
+    drawing = SailDrawing(current.TheSail, current.View, Picture1->Size(), content_,
+                          ScrollAngle(HScroll1->value()), ScrollAngle(VScroll1->value()),
+                          current.Language);
+  });
+  Picture1->Show(std::move(drawing));
 }
 
 void Dessin1::Fit() {
@@ -67,9 +75,15 @@ void Dessin1::Redraw(RedrawMode mode) {
 
 void Dessin1::SailChanged() {
   SetCaptions();
+  ShowLayout();
   if (viewIsFit_) Fit();
   const bool laidOut = Current().TheSail.Definition.PanelCount > 0;
   Redraw(laidOut ? Current().View.Mode : RedrawMode::FitOutline);
+}
+
+void Dessin1::ShowLayout() {
+  const CurrentSail& current = Current();
+  layout_->setText(ToQt(LayoutSummary(current.TheSail, current.Language, current.DecimalMark)));
 }
 
 void Dessin1::FitAndShow() {

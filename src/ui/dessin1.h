@@ -60,6 +60,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
   // Drawing.
   void Draw();
   void Fit();
+  void ShowLayout();
   void ResetScrollBars();
   void Turn(QScrollBar* moved);
   void PanPicture(PlanePoint from, PlanePoint to);
@@ -80,6 +81,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
 
   Windows& windows_;
   QLabel* hint_;
+  QLabel* layout_;  ///< number of panels and the widest of them
   PictureContent content_;
   bool viewIsFit_ = true;  ///< not panned or zoomed since the last fit
   int drawCount_ = 0;

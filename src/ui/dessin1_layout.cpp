@@ -158,6 +158,10 @@ void Dessin1::BuildPicture() {
   hint_ = new QLabel;
   hint_->setContentsMargins(8, 0, 8, 0);
   statusBar()->addWidget(hint_, 1);
+  layout_ = new QLabel;
+  layout_->setObjectName("LayoutSummary");
+  layout_->setContentsMargins(8, 0, 8, 0);
+  statusBar()->addPermanentWidget(layout_);
 }
 
 QPushButton* Dessin1::MakeButton(const char* name, void (Dessin1::*command)()) {
@@ -203,6 +207,7 @@ void Dessin1::SetCaptions() {
   Picture1->setAccessibleName(CurrentText(texts::kPicture));
   Picture1->setAccessibleDescription(CurrentText(texts::kPictureHint));
   hint_->setText(CurrentText(texts::kPictureHint));
+  ShowLayout();
 }
 
 }  // namespace brivane
