@@ -116,13 +116,14 @@ void Hand::Choose(QAbstractButton& option) {
   if (!option.isChecked()) throw LostWay(option.objectName() + " cannot be chosen");
 }
 
-void Hand::ChooseLast(QComboBox& list) {
+void Hand::ChooseLine(QComboBox& list, int line) {
   Click(list);
-  Press(Qt::Key_End);
+  Press(Qt::Key_Home);
+  for (int row = 0; row < line; ++row) Press(Qt::Key_Down);
   Press(Qt::Key_Return);
   Rest();
-  if (list.currentIndex() != list.count() - 1)
-    throw LostWay(list.objectName() + " does not let its last line be chosen");
+  if (list.currentIndex() != line)
+    throw LostWay(list.objectName() + " does not let its line be chosen");
 }
 
 void Hand::Drag(QWidget& control, QPoint from, QPoint to, Qt::MouseButton button,

@@ -43,8 +43,8 @@ class Hand : public QObject {
   void ClickAt(QWidget& control, QPoint at);
   /// Clicks the mark of an option button, whose widget may be wider than its text.
   void Choose(QAbstractButton& option);
-  /// Opens a list and picks its last line.
-  void ChooseLast(QComboBox& list);
+  /// Opens a list and picks one of its lines, counted from 0.
+  void ChooseLine(QComboBox& list, int line);
   /// Drags from one place of a control to another. While the button is still down the action runs.
   void Drag(QWidget& control, QPoint from, QPoint to, Qt::MouseButton button,
             const std::function<void()>& midway = {});

@@ -45,8 +45,8 @@ class Tour {
     VisitMould("english");
     OpenSails();
     VisitPatches("english");
-    Stop("The reports on paper");
-    PrintReports("english", "60-printer-setup");
+    Stop("The listing on paper");
+    PrintListing("english", "60-printer-setup");
     GoFrench();
     Leave();
   }
@@ -177,6 +177,7 @@ class Tour {
       Save("fSave_XY", base + ".xyz", false);
       Save("fSave_Tovarek", base + ".bp4", false);
       Save("fSave_VRML", base + ".WRL", false);
+      PrintSail(cut.Name);
     }
   }
 
@@ -197,12 +198,16 @@ class Tour {
     Open(files_.filePath("twistfoot/Newsail.bv3"));
   }
 
-  /// Sets a PDF file up as the printer, then prints a report into it.
-  void Print(const char* entry, const QString& name, bool lying, const QString& picture = {}) {
-    hand_.WhenAsked("PrinterSetup", [this, name, lying, picture](QWidget& dialog) {
-      hand_.ChooseLast(hand_.In<QComboBox>(dialog, "Destination"));
+  /// Sets a PDF file and its paper up as the printer, then prints a report into it.
+  void Print(const char* entry, const QString& name, const char* paper, const char* lie,
+             const QString& picture = {}) {
+    hand_.WhenAsked("PrinterSetup", [this, name, paper, lie, picture](QWidget& dialog) {
+      auto& destination = hand_.In<QComboBox>(dialog, "Destination");
+      hand_.ChooseLine(destination, destination.count() - 1);
       hand_.Fill(hand_.In<QLineEdit>(dialog, "PdfPath"), paper_.filePath(name));
-      hand_.Choose(hand_.In<QAbstractButton>(dialog, lying ? "Landscape" : "Portrait"));
+      auto& size = hand_.In<QComboBox>(dialog, "PaperSize");
+      hand_.ChooseLine(size, size.findText(paper, Qt::MatchStartsWith));
+      hand_.Choose(hand_.In<QAbstractButton>(dialog, lie));
       if (!picture.isEmpty()) camera_.Take(picture, {dialog.parentWidget()->window(), &dialog});
       ClickIn(dialog, "Ok");
     });
@@ -214,10 +219,14 @@ class Tour {
     Stop(qPrintable("  paper " + name));
   }
 
-  void PrintReports(const QString& language, const QString& picture) {
-    Print("fPrint_Data", "data-" + language + ".pdf", false, picture);
-    Print("fPrint_Drawing", "drawing-" + language + ".pdf", true);
-    Print("fPrint_Panels", "panels-" + language + ".pdf", false);
+  void PrintListing(const QString& language, const QString& picture = {}) {
+    Print("fPrint_Data", "data-" + language + ".pdf", "A4", "Portrait", picture);
+  }
+
+  void PrintSail(const QString& name) {
+    Print("fPrint_Drawing", "drawing-" + name + "-a4.pdf", "A4", "Portrait");
+    Print("fPrint_Panels", "panels-" + name + "-a4.pdf", "A4", "Portrait");
+    Print("fPrint_Panels", "panels-" + name + "-a3-landscape.pdf", "A3", "Landscape");
   }
 
   void VisitMould(const QString& language) {
@@ -275,7 +284,7 @@ class Tour {
     camera_.Take("44-developed-french", {&Drawing()});
     VisitMould("french");
     VisitPatches("french");
-    PrintReports("french", {});
+    PrintListing("french");
   }
 
   void Leave() {
