@@ -25,6 +25,7 @@ Create1::Create1(Windows& windows) : QDialog(nullptr, Qt::Window), windows_(wind
   setObjectName("Create1");
   Build();
   SetCaptions();
+  resize(sizeHint());
   Begin();
 }
 

@@ -3,6 +3,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
 
 #include "ui/painter.h"
 #include "view/navigation.h"
@@ -43,7 +45,9 @@ void PictureBox::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
   painter.setRenderHint(QPainter::Antialiasing);
-  PaintDrawing(painter, drawing_, SurfaceToPixels(size()));
+  // A pen of whole device pixels: one that is not takes ten times as long.
+  const double pen = std::max(1.0, std::floor(devicePixelRatioF()));
+  PaintDrawing(painter, drawing_, SurfaceToPixels(size()), pen);
   PaintRubberBand(painter);
 }
 
