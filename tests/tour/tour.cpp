@@ -204,11 +204,13 @@ class Tour {
     hand_.WhenAsked("PrinterSetup", [this, name, paper, lie, picture](QWidget& dialog) {
       auto& destination = hand_.In<QComboBox>(dialog, "Destination");
       hand_.ChooseLine(destination, destination.count() - 1);
-      hand_.Fill(hand_.In<QLineEdit>(dialog, "PdfPath"), paper_.filePath(name));
+      auto& path = hand_.In<QLineEdit>(dialog, "PdfPath");
+      hand_.Fill(path, "Newsail.pdf");  // short enough to be read on the picture
       auto& size = hand_.In<QComboBox>(dialog, "PaperSize");
       hand_.ChooseLine(size, size.findText(paper, Qt::MatchStartsWith));
       hand_.Choose(hand_.In<QAbstractButton>(dialog, lie));
-      if (!picture.isEmpty()) camera_.Take(picture, {dialog.parentWidget()->window(), &dialog});
+      if (!picture.isEmpty()) camera_.Take(picture, {&dialog});
+      hand_.Fill(path, paper_.filePath(name));
       ClickIn(dialog, "Ok");
     });
     hand_.Pick(Drawing(), {"fmenu", "fprint", "fprint_setup"});
