@@ -1,5 +1,8 @@
 #include "model/dimension_fields.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "model/number_text.h"
 
 namespace brivane {
@@ -144,7 +147,9 @@ const DimensionFieldInfo& InfoOf(DimensionField field) {
 }
 
 double WholeDegrees(double radians) {
-  return WholePart(radians * kDegreesPerRadian + kDegreeSlack);
+  // A file may hold an angle whose degrees no double holds; the field shows it all the same.
+  constexpr double kLargest = std::numeric_limits<double>::max();
+  return WholePart(std::clamp(radians * kDegreesPerRadian + kDegreeSlack, -kLargest, kLargest));
 }
 
 std::string FieldText(const SailDefinition& sail, DimensionField field) {

@@ -14,6 +14,8 @@ namespace brivane {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
+/// The largest number whose text reads back: the digits of a larger one round up beyond a double.
+constexpr double kLargestWritten = 1.79769313486231e308;
 constexpr std::size_t kExtensionLength = 4;  ///< dot and three letters
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32; }
@@ -34,7 +36,7 @@ class LineWriter {
     return *this;
   }
   LineWriter& Number(double value) {
-    AppendStrNum(text_, value);
+    AppendStrNum(text_, std::clamp(value, -kLargestWritten, kLargestWritten));
     text_.append(kLineEnd);
     return *this;
   }

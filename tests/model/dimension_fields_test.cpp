@@ -13,6 +13,14 @@ namespace {
 
 using enum DimensionField;
 
+TEST(FieldText, ShowsAnglesBeyondAllDegrees) {
+  SailDefinition sail;
+  sail.LuffRake = 1e308;
+  sail.GaffAngle = -1e308;
+  EXPECT_EQ(FieldText(sail, DimensionField::LuffRake), "1.79769313486232E+308");
+  EXPECT_EQ(FieldText(sail, DimensionField::GaffA), "-1.79769313486232E+308");
+}
+
 TEST(DimensionFields, HaveTheirCaptions) {
   const auto captionOf = [](DimensionField field) {
     const BilingualText& caption = InfoOf(field).Caption;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <random>
 #include <string>
 #include <vector>
@@ -124,6 +125,16 @@ SailDefinition OddSail() {
 }
 
 // --- Writing -----------------------------------------------------------------------------------
+
+TEST(SailDataText, ReadsBackTheLargestNumbers) {
+  SailDefinition sail;
+  sail.LuffLength = std::numeric_limits<double>::max();
+  sail.LuffRound = -std::numeric_limits<double>::max();
+  SailDefinition read;
+  ReadSailDataText(SailDataText(sail), read, '.');
+  EXPECT_EQ(read.LuffLength, 1.79769313486231e308);
+  EXPECT_EQ(read.LuffRound, -1.79769313486231e308);
+}
 
 TEST(SailDataText, OfTheDefaultSailHasTheseLines) {
   EXPECT_EQ(SailDataText(SailDefinition{}), Joined(DefaultLines()));
