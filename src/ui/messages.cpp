@@ -28,11 +28,6 @@ class ArrowCursor {
   ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
-QString WordsOf(const FileError& error, FileWords words) {
-  if (words == FileWords::PathAccess && error.IsPathAccess()) return ToQt(kPathAccessText);
-  return QString::fromUtf8(error.what());
-}
-
 }  // namespace
 
 void SetMessageShower(MessageShower shower) { Replacement() = std::move(shower); }
@@ -52,11 +47,9 @@ void ShowMessage(QWidget* parent, const QString& title, const QString& text) {
   delete box.data();
 }
 
-std::optional<QString> WordsOfFailure(const std::function<void()>& action, FileWords words) {
+std::optional<QString> WordsOfFailure(const std::function<void()>& action) {
   try {
     action();
-  } catch (const FileError& error) {
-    return WordsOf(error, words);
   } catch (const GeometryFault& fault) {
     return CurrentText(fault.Words);
   } catch (const std::exception& error) {
@@ -65,9 +58,8 @@ std::optional<QString> WordsOfFailure(const std::function<void()>& action, FileW
   return std::nullopt;
 }
 
-bool RunGuarded(QWidget* parent, const QString& title, const std::function<void()>& action,
-                FileWords words) {
-  const std::optional<QString> failure = WordsOfFailure(action, words);
+bool RunGuarded(QWidget* parent, const QString& title, const std::function<void()>& action) {
+  const std::optional<QString> failure = WordsOfFailure(action);
   if (failure) ShowMessage(parent, title, *failure);
   return !failure;
 }

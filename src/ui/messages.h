@@ -17,21 +17,13 @@ void SetMessageShower(MessageShower shower);
 /// Shows a message with an OK button, on top of the parent, in the arrow cursor.
 void ShowMessage(QWidget* parent, const QString& title, const QString& text);
 
-/// Which words a failed file access is told in.
-enum class FileWords {
-  System,     ///< always the system's own words
-  PathAccess  ///< one fixed text for the path and file access family, else the system's words
-};
-
 /// Runs the action. Any failure is caught here, and only here; its words come back, nothing after
 /// an action that ended well.
-std::optional<QString> WordsOfFailure(const std::function<void()>& action,
-                                      FileWords words = FileWords::System);
+std::optional<QString> WordsOfFailure(const std::function<void()>& action);
 
 /// Runs the action and tells any failure in a message with the title. True when the action ended
 /// well.
-bool RunGuarded(QWidget* parent, const QString& title, const std::function<void()>& action,
-                FileWords words = FileWords::System);
+bool RunGuarded(QWidget* parent, const QString& title, const std::function<void()>& action);
 
 /// Shows the hourglass as long as it lives.
 class WaitCursor {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <array>

@@ -10,7 +10,6 @@ namespace brivane::texts {
 inline constexpr BilingualText kOk{"OK", "OK"};
 inline constexpr BilingualText kYes{"&Yes", "&Oui"};
 inline constexpr BilingualText kNo{"&No", "&Non"};
-inline constexpr BilingualText kCancel{"Cancel", "Annuler"};
 inline constexpr BilingualText kQuit{"Quit", "Quitter"};
 
 // Start window.
@@ -18,7 +17,6 @@ inline constexpr BilingualText kWelcome{" Welcome to ", " Bienvenue sur "};
 inline constexpr BilingualText kCreate{"Create a new sail", "Créer une nouvelle voile"};
 inline constexpr BilingualText kStartTagline{"Sail design and cutting",
                                              "Conception et coupe de voiles"};
-inline constexpr BilingualText kLanguageLabel{"Language", "Langue"};
 
 // Dimensions window. The captions of its fields belong to their table.
 inline constexpr BilingualText kDimensionsSuffix{" - Sail dimensions", " - Géométrie de la voile"};
