@@ -17,6 +17,7 @@ struct Message {
   std::string Text;
 };
 
+/// The message box that tells a failure.
 using FailureReport = Message;
 
 /// How a save command ended. What had been written before a failure stays on the disk.

@@ -9,6 +9,7 @@
 
 namespace brivane {
 
+/// What every line of a file ends with.
 inline constexpr std::string_view kLineEnd = "\r\n";
 
 /// Width of a print zone, columns: the second item of a line starts at the next zone.

@@ -13,6 +13,7 @@ struct PlanePoint {
   bool operator==(const PlanePoint&) const = default;
 };
 
+/// Points as vectors: sum, difference, multiple, dot product.
 constexpr PlanePoint operator+(PlanePoint a, PlanePoint b) { return {a.x + b.x, a.y + b.y}; }
 constexpr PlanePoint operator-(PlanePoint a, PlanePoint b) { return {a.x - b.x, a.y - b.y}; }
 constexpr PlanePoint operator*(double k, PlanePoint a) { return {k * a.x, k * a.y}; }
@@ -21,11 +22,13 @@ constexpr double Dot(PlanePoint a, PlanePoint b) { return a.x * b.x + a.y * b.y;
 /// Twice the signed area of the triangle (0, a, b): positive when b lies to the left of a.
 constexpr double Cross(PlanePoint a, PlanePoint b) { return a.x * b.y - a.y * b.x; }
 
+/// Distance from the origin.
 inline double Length(PlanePoint a) { return std::sqrt(Dot(a, a)); }
 
 /// The point at the fraction t of the way from a to b.
 constexpr PlanePoint Between(PlanePoint a, PlanePoint b, double t) { return a + t * (b - a); }
 
+/// π, as far as the program has always taken it.
 inline constexpr double kPi = 3.14159265358979;
 
 /// Angles of a triangle, rad, each opposite the side of the same letter.

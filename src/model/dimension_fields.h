@@ -47,6 +47,7 @@ struct DimensionFieldInfo {
 /// All fields in the order of DimensionField.
 const std::array<DimensionFieldInfo, 19>& DimensionFields();
 
+/// The row of one field.
 const DimensionFieldInfo& InfoOf(DimensionField field);
 
 /// The whole part of an angle in degrees. A whole degree that was stored in radians comes back
@@ -63,6 +64,7 @@ bool MayBeTyped(DimensionField field, char32_t character);
 
 // --- Result displays ---------------------------------------------------------------------------
 
+/// Captions of the displays.
 inline constexpr BilingualText kLeechLengthCaption = {"Leech length =", "Longueur chute ="};
 inline constexpr BilingualText kLpCaption = {"LP =", "LP ="};
 inline constexpr BilingualText kSailAreaCaption = {"Sail area =", "Surface voile ="};

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+/// All of Brivane 2000. Lengths are mm and angles rad wherever nothing else is said.
 namespace brivane {
 
 /// The language of every caption, message and printed text. The values are the indices of the

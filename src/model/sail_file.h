@@ -13,6 +13,7 @@ namespace brivane {
 
 // --- Writing -----------------------------------------------------------------------------------
 
+/// Title of the writer.
 inline constexpr std::string_view kWriteSailDataTitle = " : Writing eData2";
 
 /// The 41 lines of a ".bv3" file, UTF-8, each ended by CR LF. Control characters in the four texts
@@ -27,11 +28,13 @@ void WriteSailDataFile(const std::string& path, const SailDefinition& sail);
 /// What to do with a file, by the last three characters of its name in any case.
 enum class SailFileKind { Sail, OldSail, Unknown };  ///< ".bv3", ".bv4", anything else
 
+/// The kind of a file by its name.
 SailFileKind SailFileKindOf(std::string_view fileName);
 
 /// A file's name (without folder) less its last four characters, the dot and the extension.
 std::string SailNameOfFile(std::string_view fileName);
 
+/// Titles of the readers.
 inline constexpr std::string_view kReadSailDataTitle = " : Reading data file";
 inline constexpr std::string_view kReadSailDataV4Title = " : Reading data ";
 inline constexpr std::string_view kReadMouldTitle = " : Reading mould data file";

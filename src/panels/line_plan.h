@@ -15,6 +15,7 @@ struct Boundary {
   PlanePoint At(double place) const;
 };
 
+/// Places of the corners on the boundary.
 inline constexpr double kClew = 0;
 inline constexpr double kTack = 1;
 inline constexpr double kThroat = 2;

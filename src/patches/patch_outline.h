@@ -12,6 +12,7 @@ namespace brivane {
 /// The corners that are patched, in the order of the patch sizes and of every list of patches.
 enum class PatchCorner { Clew = 0, Tack = 1, Head = 2, Peak = 3 };
 
+/// How many corners are patched at most, and in how many layers.
 inline constexpr int kPatchCorners = 4;
 inline constexpr int kPatchLayers = 2;
 

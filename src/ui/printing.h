@@ -23,8 +23,10 @@ struct PrinterSettings {
   QPageLayout::Orientation Orientation = QPageLayout::Portrait;
 };
 
+/// The settings of this run of the program.
 PrinterSettings& CurrentPrinter();
 
+/// What can be printed: the data listing, the drawing, the panels.
 enum class Report { Data, Drawing, Panels };
 
 /// Prints a report of the current sail on the printer, or into the file, that is set up. Any

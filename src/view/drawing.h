@@ -15,11 +15,13 @@ struct Colour {
   bool operator==(const Colour&) const = default;
 };
 
+/// The inks of the drawings.
 inline constexpr Colour kBlack{0, 0, 0};
 inline constexpr Colour kRed{255, 0, 0};
 inline constexpr Colour kBlue{0, 0, 255};
 inline constexpr Colour kRedOrange{255, 50, 0};
 
+/// How a stroke is drawn.
 enum class PenStyle { Solid, Dashed };
 
 /// A polyline in surface units, vertical axis up, pen one pixel wide.

@@ -115,6 +115,27 @@ TEST(Examples, PanelCountsAreWhatTheClothAsksFor) {
   }
 }
 
+double Length(const PanelTable& x, const PanelTable& y, int panel) {
+  double length = 0;
+  for (int k = kForwardCorner; k < kAftCorner; ++k)
+    length += std::hypot(x(panel, k + 1) - x(panel, k), y(panel, k + 1) - y(panel, k));
+  return length;
+}
+
+/// What is sewn together is equally long: 30 edges, each kept to 2e-3 mm on either side.
+TEST(Examples, SeamsThatAreJoinedAreEquallyLong) {
+  for (const std::string& path : SailFiles()) {
+    SCOPED_TRACE(path);
+    Sail sail = Opened(path);
+    DesignPass(sail);
+    const DevelopedPanels& panels = sail.Panels;
+    for (int p = 0; p + 1 < sail.Definition.PanelCount; ++p)
+      EXPECT_NEAR(Length(panels.PanelUpperX, panels.PanelUpperY, p),
+                  Length(panels.PanelLowerX, panels.PanelLowerY, p + 1), 2 * 30 * 2e-3)
+          << p;
+  }
+}
+
 /// Every file of the folder holds a text of some length, with no number that is none.
 void ExpectSoundFiles(const ScratchFolder& folder) {
   for (const auto& entry : fs::directory_iterator(folder.Path())) {
