@@ -1,6 +1,7 @@
 #include "ui/messages.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -28,6 +29,16 @@ class ArrowCursor {
   ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
+/// Widens a message whose title is longer than its text, so that the title can be read.
+void MakeRoomForTitle(QMessageBox& box) {
+  constexpr int kFrameButtons = 140;  // pixels beside the title: icon and buttons
+  QFont bold = box.font();
+  bold.setBold(true);
+  const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + kFrameButtons;
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 void SetMessageShower(MessageShower shower) { Replacement() = std::move(shower); }
@@ -43,6 +54,7 @@ void ShowMessage(QWidget* parent, const QString& title, const QString& text) {
   box->setWindowTitle(title);
   box->setText(text);
   box->addButton(CurrentText(texts::kOk), QMessageBox::AcceptRole);
+  MakeRoomForTitle(*box);
   box->exec();
   delete box.data();
 }
