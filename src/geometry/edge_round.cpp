@@ -33,12 +33,9 @@ double ZeroBetween(const LineDistance& distance, double low, double high, double
     ((value < 0) == rising ? low : high) = t;
     const double slope = distance.SlopeAt(t);
     const double next = slope != 0 ? t - value / slope : low;
-    if (next > low && next < high) {
-      if (std::abs(next - t) <= kLastStep) return next;
-      t = next;
-    } else {
-      t = low + (high - low) / 2;
-    }
+    // Before the bracket is asked: from a zero met but for its last digit a step may not move.
+    if (slope != 0 && std::abs(next - t) <= kLastStep) return std::clamp(next, low, high);
+    t = next > low && next < high ? next : low + (high - low) / 2;
   }
   return t;
 }
