@@ -5,6 +5,11 @@
 namespace brivane {
 namespace {
 
+// The coordinates of a vertex, each with the line that follows it.
+constexpr NumberPattern kX = {"", 1, 2, " \r\n 20\r\n"};
+constexpr NumberPattern kY = {"", 1, 2, " \r\n 30\r\n"};
+constexpr NumberPattern kZ = {"", 1, 2, " \r\n"};
+
 // Five blanks before the number's own leading blank.
 void AppendColour(std::string& text, std::int16_t colour) {
   text += "     ";
@@ -20,17 +25,19 @@ void WritePolylineHeader(std::string& text, std::int16_t colour) {
   text += " 66\r\n      1\r\n  6\r\nCONTINUOUS\r\n 70\r\n      8\r\n";
 }
 
-void WriteVertex(std::string& text, std::int16_t colour, double x, double y, double z,
+std::string VertexHead(std::int16_t colour) {
+  std::string head = "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n";
+  AppendColour(head, colour);
+  head += "  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n 10\r\n";
+  return head;
+}
+
+void WriteVertex(std::string& text, std::string_view vertexHead, double x, double y, double z,
                  char decimalMark) {
-  text += "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n";
-  AppendColour(text, colour);
-  text += "  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n 10\r\n";
-  AppendPattern(text, kHundredthsBlank, x, decimalMark);
-  text += "\r\n 20\r\n";
-  AppendPattern(text, kHundredthsBlank, y, decimalMark);
-  text += "\r\n 30\r\n";
-  AppendPattern(text, kHundredthsBlank, z, decimalMark);
-  text += "\r\n";
+  text += vertexHead;
+  AppendPattern(text, kX, x, decimalMark);
+  AppendPattern(text, kY, y, decimalMark);
+  AppendPattern(text, kZ, z, decimalMark);
 }
 
 void WritePolylineEnd(std::string& text) { text += "  0\r\nSEQEND\r\n"; }

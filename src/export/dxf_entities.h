@@ -11,9 +11,12 @@ namespace brivane {
 /// follow it, and a "SEQEND" ends it.
 void WritePolylineHeader(std::string& text, std::int16_t colour);
 
+/// The lines of a vertex before its coordinates; the same for all vertices of a polyline.
+std::string VertexHead(std::int16_t colour);
+
 /// Appends one vertex of a 3-D polyline, mm. Throws GeometryFault for a coordinate that is not
 /// finite.
-void WriteVertex(std::string& text, std::int16_t colour, double x, double y, double z,
+void WriteVertex(std::string& text, std::string_view vertexHead, double x, double y, double z,
                  char decimalMark);
 
 /// Appends the end of the polyline that stands open.

@@ -18,7 +18,7 @@ constexpr std::size_t kPanelVertices = 31 + 75;
 
 struct Pen {
   std::string& Text;
-  std::int16_t Colour;
+  std::string VertexHead;
   char DecimalMark;
   int Panel;
 
@@ -26,7 +26,7 @@ struct Pen {
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
     const int step = first <= last ? 1 : -1;
     for (int k = first; k != last + step; k += step)
-      WriteVertex(Text, Colour, xs(Panel, k), ys(Panel, k), 0, DecimalMark);
+      WriteVertex(Text, VertexHead, xs(Panel, k), ys(Panel, k), 0, DecimalMark);
   }
 };
 
@@ -97,12 +97,12 @@ std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
 
   stage("Guide line");
   WritePolylineHeader(text, kGuideColour);
-  const Pen guide{text, kGuideColour, decimalMark, panel};
+  const Pen guide{text, VertexHead(kGuideColour), decimalMark, panel};
   guide.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kForwardCorner, kAftCorner);
   WritePolylineEnd(text);
 
   WritePolylineHeader(text, kOutlineColour);
-  const Pen cut{text, kOutlineColour, decimalMark, panel};
+  const Pen cut{text, VertexHead(kOutlineColour), decimalMark, panel};
   cut.Stretch(panels.PanelLowerX, panels.PanelLowerY, kForwardCorner, kForwardCorner);
   stage("Luff");
   cut.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, 0, kForwardCorner);

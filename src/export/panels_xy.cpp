@@ -8,6 +8,10 @@
 namespace brivane {
 namespace {
 
+// The two numbers of a point line.
+constexpr NumberPattern kX = {" ", 1, 1, " ;"};
+constexpr NumberPattern kY = {" ", 1, 1, " \r\n"};
+
 constexpr std::size_t kPanelBytes = 107 * 22 + 120;
 
 std::string_view EdgeLabel(PanelPlace place) {
@@ -33,10 +37,8 @@ struct PointList {
 
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
     for (int k = first; k <= last; ++k) {
-      AppendPattern(Text, kBlankTenthsBlank, xs(Panel, k), DecimalMark);
-      Text += ';';
-      AppendPattern(Text, kBlankTenthsBlank, ys(Panel, k), DecimalMark);
-      Text += kLineEnd;
+      AppendPattern(Text, kX, xs(Panel, k), DecimalMark);
+      AppendPattern(Text, kY, ys(Panel, k), DecimalMark);
     }
   }
 };

@@ -53,8 +53,8 @@ std::string PatchDxfText(const Sail& sail, PatchCorner corner, int layer, char d
   text.reserve((outline.size() + 2) * kVertexBytes);
   WriteEntitiesHead(text, std::string(ProgramTitle) + " - patch " + PatchName(corner, layer));
   WritePolylineHeader(text, kCutColour);
-  for (const PlanePoint& point : outline)
-    WriteVertex(text, kCutColour, point.x, point.y, 0, decimalMark);
+  const std::string head = VertexHead(kCutColour);
+  for (const PlanePoint& point : outline) WriteVertex(text, head, point.x, point.y, 0, decimalMark);
   WritePolylineEnd(text);
   WriteEntitiesEnd(text);
   return text;

@@ -25,8 +25,7 @@ void AppendPlotterPoint(std::string& text, double x, double y, char decimalMark)
   const std::size_t start = text.size();
   AppendPattern(text, kTenthsBlank, x, decimalMark);
   text.append(kPrintZone - (text.size() - start) % kPrintZone, ' ');
-  AppendPattern(text, kTenthsBlank, y, decimalMark);
-  text += kLineEnd;
+  AppendPattern(text, {"", 1, 1, " \r\n"}, y, decimalMark);
 }
 
 void AppendPlotterCommand(std::string& text, std::string_view word, int points) {

@@ -47,11 +47,9 @@ void AppendPoints(std::string& text, const SurfaceGrid& grid, int lines) {
       "      point [ \r\n";
   for (int i = 0; i <= lines; ++i)
     for (int j = 0; j <= kLastGridPoint; ++j) {
-      text += kIndent;
-      AppendMetre(text, grid.SurfaceX(i, j) / 1000);
+      AppendPattern(text, {kIndent, 1, 3, " "}, grid.SurfaceX(i, j) / 1000, '.');
       AppendMetre(text, grid.SurfaceY(i, j) / 1000);
-      AppendMetre(text, grid.SurfaceZ(i, j) / 1000);
-      AppendLine(text, kSeparator);
+      AppendPattern(text, {"", 1, 3, "  , \r\n"}, grid.SurfaceZ(i, j) / 1000, '.');
     }
   text +=
       "         ] \r\n"

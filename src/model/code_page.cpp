@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <optional>
 
@@ -55,6 +57,18 @@ std::optional<char32_t> TakeCharacter(std::string_view& rest) {
   return character;
 }
 
+/// Number of bytes at the front that are the same in both encodings; most texts have no other.
+std::size_t PlainLength(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080;
+  std::size_t length = 0;
+  for (std::uint64_t block; length + sizeof block <= text.size(); length += sizeof block) {
+    std::memcpy(&block, text.data() + length, sizeof block);
+    if ((block & kHighBits) != 0) break;
+  }
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < kFirstSpecial) ++length;
+  return length;
+}
+
 void AppendUtf8(std::string& out, char32_t character) {
   if (character < 0x80) {
     out += static_cast<char>(character);
@@ -74,6 +88,10 @@ std::string ToCodePage1252(std::string_view utf8) {
   std::string bytes;
   bytes.reserve(utf8.size());
   while (!utf8.empty()) {
+    const std::string_view plain = utf8.substr(0, PlainLength(utf8));
+    bytes += plain;
+    utf8.remove_prefix(plain.size());
+    if (utf8.empty()) break;
     const std::optional<char32_t> character = TakeCharacter(utf8);
     bytes += character ? ByteOf(*character) : '?';
   }
@@ -81,15 +99,18 @@ std::string ToCodePage1252(std::string_view utf8) {
 }
 
 std::string FromCodePage1252(std::string_view bytes) {
-  std::string utf8;
+  const std::size_t plain = PlainLength(bytes);
+  std::string utf8(bytes.substr(0, plain));
   utf8.reserve(bytes.size());
-  for (const char each : bytes) {
+  for (const char each : bytes.substr(plain)) {
     const auto byte = static_cast<unsigned char>(each);
     const bool isSpecial = byte >= kFirstSpecial && byte < 0xA0;
     AppendUtf8(utf8, isSpecial ? kSpecials[byte - kFirstSpecial] : byte);
   }
   return utf8;
 }
+
+bool IsPlainText(std::string_view text) { return PlainLength(text) == text.size(); }
 
 bool IsSoundUtf8(std::string_view text) {
   while (!text.empty())

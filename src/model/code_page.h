@@ -12,6 +12,9 @@ std::string ToCodePage1252(std::string_view utf8);
 /// the same code, so that every byte returns unchanged from ToCodePage1252.
 std::string FromCodePage1252(std::string_view bytes);
 
+/// Whether all characters are plain ASCII, which is the same in both.
+bool IsPlainText(std::string_view text);
+
 /// Whether the text is UTF-8 without a broken, overlong or surrogate sequence.
 bool IsSoundUtf8(std::string_view text);
 

@@ -62,43 +62,47 @@ RoundedDigits RoundMagnitude(double magnitude, int places) {
   const double scaled =
       magnitude * static_cast<double>(kPowersOfTen[static_cast<std::size_t>(places)]);
   if (scaled < 1e9) {
-    const auto whole = static_cast<std::uint64_t>(scaled);
+    const auto whole = static_cast<std::int64_t>(scaled);
     const double part = scaled - static_cast<double>(whole);
-    if (std::fabs(part - 0.5) > 1e-4) return {whole + (part > 0.5 ? 1 : 0), 0};
+    if (std::fabs(part - 0.5) > 1e-4)
+      return {static_cast<std::uint64_t>(whole + (part > 0.5 ? 1 : 0)), 0};
   }
   return RoundDecimalText(magnitude, places);
 }
 
-void AppendMagnitude(std::string& out, double magnitude, int leastDigits, int places,
-                     char decimalMark) {
-  const RoundedDigits rounded = RoundMagnitude(magnitude, places);
-  std::array<char, 24> text;
-  const char* end = std::to_chars(text.data(), text.data() + text.size(), rounded.Digits).ptr;
-  const std::size_t length = static_cast<std::size_t>(end - text.data());
-  const std::size_t start = out.size();
-  const std::size_t least = static_cast<std::size_t>(leastDigits + places);
-  const std::size_t total = length + static_cast<std::size_t>(rounded.Zeros);
-  if (total < least) out.append(least - total, '0');
-  out.append(text.data(), length).append(static_cast<std::size_t>(rounded.Zeros), '0');
-  if (places > 0) {
-    const std::size_t markAt = std::max(total, least) - static_cast<std::size_t>(places);
-    out.insert(start + markAt, 1, decimalMark);
+int DigitCount(std::uint64_t number) {
+  std::size_t count = 0;
+  while (count < kPowersOfTen.size() && number >= kPowersOfTen[count]) ++count;
+  return static_cast<int>(count);
+}
+
+/// Writes so many digits in front of end, stepping over the mark before the last places.
+void PutDigits(char* end, RoundedDigits number, int digits, int places) {
+  for (int place = 0; place < digits; ++place) {
+    if (place == places && places > 0) --end;
+    const bool fill = place < number.Zeros;
+    *--end = fill ? '0' : static_cast<char>('0' + number.Digits % 10);
+    if (!fill) number.Digits /= 10;
   }
 }
 
 /// The sign goes by the value given, the digits by its magnitude.
-void AppendSigned(std::string& out, bool negative, double magnitude, int leastDigits, int places,
+void AppendSigned(std::string& out, const NumberPattern& pattern, bool negative, double magnitude,
                   char decimalMark) {
   RefuseNonFinite(magnitude);
+  const RoundedDigits number = RoundMagnitude(magnitude, pattern.Places);
+  const int digits =
+      std::max(DigitCount(number.Digits) + number.Zeros, pattern.Digits + pattern.Places);
+  const int length = digits + (pattern.Places > 0 ? 1 : 0);
+  out += pattern.Before;
   if (negative) out += '-';
-  AppendMagnitude(out, magnitude, leastDigits, places, decimalMark);
+  out.append(static_cast<std::size_t>(length), decimalMark);
+  PutDigits(out.data() + out.size(), number, digits, pattern.Places);
+  out += pattern.After;
 }
 
 void AppendPaddedThousandths(std::string& out, bool negative, double magnitude) {
-  RefuseNonFinite(magnitude);
-  out.append(negative ? 1 : 2, ' ');
-  AppendSigned(out, negative, magnitude, 1, 3, '.');
-  out += ' ';
+  AppendSigned(out, {negative ? " " : "  ", 1, 3, " "}, negative, magnitude, '.');
 }
 
 /// Up to 15 significant digits in the general form, "-0" as "0". Whole numbers, which most lists of
@@ -141,7 +145,7 @@ std::string PlainNumber(double value) {
 }
 
 void AppendFixed(std::string& out, double value, int places, char decimalMark) {
-  AppendSigned(out, value < 0, std::fabs(value), 1, places, decimalMark);
+  AppendSigned(out, {"", 1, places, ""}, value < 0, std::fabs(value), decimalMark);
 }
 
 std::string FormatFixed(double value, int places, char decimalMark) {
@@ -151,10 +155,7 @@ std::string FormatFixed(double value, int places, char decimalMark) {
 }
 
 void AppendPattern(std::string& out, const NumberPattern& pattern, double value, char decimalMark) {
-  RefuseNonFinite(value);
-  out += pattern.Before;
-  AppendSigned(out, value < 0, std::fabs(value), pattern.Digits, pattern.Places, decimalMark);
-  out += pattern.After;
+  AppendSigned(out, pattern, value < 0, std::fabs(value), decimalMark);
 }
 
 std::string FormatPattern(const NumberPattern& pattern, double value, char decimalMark) {

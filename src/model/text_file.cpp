@@ -351,7 +351,7 @@ void WritePlainFile(const std::string& path, std::string_view text) {
   if (flags < 0 || fcntl(file.Descriptor(), F_SETFL, flags & ~O_NONBLOCK) != 0)
     Fail(errno, FileStep::Opening);
   EmptyForWriting(file);
-  const Written written = WriteAll(file, ToCodePage1252(text));
+  const Written written = WriteAll(file, IsPlainText(text) ? text : ToCodePage1252(text));
   if (written.Error != 0) Fail(written.Error, FileStep::Writing, written.Bytes);
   if (const int error = file.Close(); error != 0) Fail(error, FileStep::Closing, written.Bytes);
 }

@@ -49,16 +49,16 @@ TEST(DxfEntities, VertexWithBothMarks) {
   const std::string head =
       "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n      7\r\n  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n";
   std::string point;
-  WriteVertex(point, 7, 1234.567, -0.5, 0, '.');
+  WriteVertex(point, VertexHead(7), 1234.567, -0.5, 0, '.');
   EXPECT_EQ(point, head + " 10\r\n1234.57 \r\n 20\r\n-0.50 \r\n 30\r\n0.00 \r\n");
   std::string comma;
-  WriteVertex(comma, 7, 1234.567, -0.5, 0, ',');
+  WriteVertex(comma, VertexHead(7), 1234.567, -0.5, 0, ',');
   EXPECT_EQ(comma, head + " 10\r\n1234,57 \r\n 20\r\n-0,50 \r\n 30\r\n0,00 \r\n");
 }
 
 TEST(DxfEntities, CoordinatesRoundHalvesAwayFromZero) {
   std::string text;
-  WriteVertex(text, 7, 0.125, -0.125, 2.675, '.');
+  WriteVertex(text, VertexHead(7), 0.125, -0.125, 2.675, '.');
   EXPECT_EQ(LineOf(text, 12), "0.13 ");
   EXPECT_EQ(LineOf(text, 14), "-0.13 ");
   EXPECT_EQ(LineOf(text, 16), "2.68 ");
@@ -68,9 +68,9 @@ TEST(DxfEntities, NoCoordinateThatIsNotFinite) {
   for (const double bad :
        {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
     std::string text;
-    EXPECT_THROW(WriteVertex(text, 7, bad, 0, 0, '.'), GeometryFault);
-    EXPECT_THROW(WriteVertex(text, 7, 0, bad, 0, '.'), GeometryFault);
-    EXPECT_THROW(WriteVertex(text, 7, 0, 0, -bad, '.'), GeometryFault);
+    EXPECT_THROW(WriteVertex(text, VertexHead(7), bad, 0, 0, '.'), GeometryFault);
+    EXPECT_THROW(WriteVertex(text, VertexHead(7), 0, bad, 0, '.'), GeometryFault);
+    EXPECT_THROW(WriteVertex(text, VertexHead(7), 0, 0, -bad, '.'), GeometryFault);
   }
 }
 
