@@ -12,25 +12,26 @@
 
 namespace brivane {
 
-Windows::Windows()
-    : start_(std::make_unique<Menu1>(*this)),
-      picture_(std::make_unique<Dessin1>(*this)),
-      dimensions_(std::make_unique<Create1>(*this)),
-      mould_(std::make_unique<SailForm>(*this)),
-      patches_(std::make_unique<Patch1>(*this)) {
-  Watch(*start_, *start_);
-  Watch(*picture_, *picture_);
-  Watch(*dimensions_, *dimensions_);
-  Watch(*mould_, *mould_);
-  Watch(*patches_, *patches_);
-}
+// The start window resets the current sail, which the others show.
+Windows::Windows() { Start(); }
 
 Windows::~Windows() { ending_ = true; }
 
-void Windows::Watch(QWidget& widget, ProgramWindow& window) {
-  watched_[&widget] = &window;
-  widget.installEventFilter(this);
+template <typename Window>
+Window& Windows::Made(std::unique_ptr<Window>& window) {
+  if (!window) {
+    window = std::make_unique<Window>(*this);
+    watched_[window.get()] = window.get();
+    window->installEventFilter(this);
+  }
+  return *window;
 }
+
+Menu1& Windows::Start() { return Made(start_); }
+Dessin1& Windows::Picture() { return Made(picture_); }
+Create1& Windows::Dimensions() { return Made(dimensions_); }
+SailForm& Windows::Mould() { return Made(mould_); }
+Patch1& Windows::Patches() { return Made(patches_); }
 
 void Windows::BringToFront(QWidget& window) {
   if (window.isMinimized()) window.showNormal();

@@ -25,17 +25,18 @@ class ProgramWindow {
   virtual void Left() {}
 };
 
-/// The windows of the program, made once, and what they ask of one another.
+/// The windows of the program and what they ask of one another. Each is made once, when it is first
+/// asked for: until then it would only keep the user waiting for the start window.
 class Windows : public QObject {
  public:
   Windows();
   ~Windows() override;
 
-  Menu1& Start() { return *start_; }
-  Create1& Dimensions() { return *dimensions_; }
-  Dessin1& Picture() { return *picture_; }
-  SailForm& Mould() { return *mould_; }
-  Patch1& Patches() { return *patches_; }
+  Menu1& Start();
+  Create1& Dimensions();
+  Dessin1& Picture();
+  SailForm& Mould();
+  Patch1& Patches();
 
   /// Shows a window in front of the others.
   void BringToFront(QWidget& window);
@@ -50,7 +51,8 @@ class Windows : public QObject {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
-  void Watch(QWidget& widget, ProgramWindow& window);
+  template <typename Window>
+  Window& Made(std::unique_ptr<Window>& window);
   void CameToFront(ProgramWindow& window);
   void WasHidden(ProgramWindow& window);
   void TellLeft(ProgramWindow& window);
