@@ -13,7 +13,8 @@ from ezdxf import recover
 
 SAMPLES = pathlib.Path(os.environ["SAMPLES"])
 CUTS = ("crosscut", "twistfoot", "vertical")
-PATCHES = ("clew", "tack", "head", "peak")
+# The corner patches of a tour, where its files are the samples.
+PATCHES = sorted(pathlib.Path(os.environ.get("PATCHES", "/nonexistent")).rglob("Patch_*.dxf"))
 
 
 def load(path):
@@ -101,6 +102,17 @@ class PanelFiles(unittest.TestCase):
                 for number, (area, strip) in enumerate(zip(areas, strips), 1):
                     self.assertTrue(math.isclose(area, strip, rel_tol=1e-3, abs_tol=50),
                                     f"panel {number}: {area} mm², its strip {strip} mm²")
+
+
+class PatchFiles(unittest.TestCase):
+    @unittest.skipUnless("PATCHES" in os.environ, "no tour has left its patches")
+    def test_each_is_one_closed_outline(self):
+        self.assertGreaterEqual(len(PATCHES), 8)
+        for path in PATCHES:
+            with self.subTest(file=path.name):
+                ((colour, outline),) = load(path)
+                self.assertEqual(outline[0], outline[-1])
+                self.assertGreater(abs(shoelace(outline)), 1000)
 
 
 class Reader(unittest.TestCase):

@@ -12,6 +12,7 @@
 #include "tour/camera.h"
 #include "tour/hand.h"
 #include "ui/menu1.h"
+#include "ui/save_command.h"
 #include "ui/windows.h"
 
 namespace brivane::tour {
@@ -83,6 +84,14 @@ class Tour {
     });
     if (confirms) AgreeTo("Message");
     hand_.Pick(Drawing(), {"fmenu", "fSave", entry});
+    hand_.AllAnswered();
+  }
+
+  /// The one kind of file that no entry of the menus saves.
+  void SaveVrml1(const QString& path) {
+    constexpr std::int16_t kVrml1 = 3;
+    hand_.WhenAsked("FileDialog", [this, path](QWidget& dialog) { hand_.GivePath(dialog, path); });
+    SaveData(&Drawing(), kVrml1);
     hand_.AllAnswered();
   }
 
@@ -177,6 +186,7 @@ class Tour {
       Save("fSave_XY", base + ".xyz", false);
       Save("fSave_Tovarek", base + ".bp4", false);
       Save("fSave_VRML", base + ".WRL", false);
+      SaveVrml1(base + ".wrl");
       PrintSail(cut.Name);
     }
   }
