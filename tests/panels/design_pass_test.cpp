@@ -85,6 +85,24 @@ TEST(DesignPass, RefusesTooManyPanelsAndWidensTheCloth) {
   EXPECT_NE(DesignPass(sail).End, DesignEnd::TooManyPanels);
 }
 
+TEST(DesignPass, RefusesAnEstimateBeyondSixteenBits) {
+  Sail sail;
+  sail.Definition.GaffLength = 1e9;
+  sail.Definition.GaffAngle = 0.1;
+  EXPECT_THROW(DesignPass(sail), GeometryFault);
+}
+
+TEST(DesignPass, CutsANarrowSailFromOneVerticalPanel) {
+  Sail sail;
+  sail.Definition.CutType = kVerticalCut;
+  sail.Definition.LuffLength = 3000;
+  sail.Definition.FootLength = 300;  // a third of the cloth: the estimate is no panel at all
+  sail.Definition.DiagonalLength = 3015;
+  sail.Definition.GaffLength = 5;
+  EXPECT_EQ(DesignPass(sail).End, DesignEnd::Fitted);
+  EXPECT_EQ(sail.Definition.PanelCount, 1);
+}
+
 TEST(DesignPass, SaysTooManyPanelsInBothLanguagesAtOnce) {
   EXPECT_EQ(TooManyPanelsText(71),
             " Too many Panels  71\n Cloth is too narrow \nLe tissu est trop étroit");

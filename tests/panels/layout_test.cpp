@@ -270,6 +270,23 @@ TEST(VerticalCut, EndsItsSeamsOnTheRoundedFoot) {
   }
 }
 
+TEST(VerticalCut, GoesOnPastTheTackToTheThroat) {
+  Sail sail = PlainSail(kVerticalCut);
+  SailDefinition& d = sail.Definition;
+  d.GaffLength = 5500;  // the peak lies aft of the clew
+  d.GaffAngle = 1.2;
+  ComputeOutline(d);
+  ASSERT_LT(d.LeechAngle, 0);
+  LayOut(sail);
+  bool aftOnLuff = false;
+  for (int k = 1; k < d.PanelCount; ++k) {
+    const PlanePoint aft = PointAt(sail, k, 35);
+    aftOnLuff |= std::abs(aft.x) < 1e-9 && aft.y > 1;
+  }
+  EXPECT_TRUE(aftOnLuff);
+  EXPECT_EQ(PointAt(sail, d.PanelCount, 35), PointAt(sail, d.PanelCount - 1, 35));
+}
+
 TEST(Layout, LeavesTheSailAloneWhenThereAreTooManyPanels) {
   for (const char* cut : {kCrossCut, kVerticalCut}) {
     Sail sail = PlainSail(cut);

@@ -1,0 +1,42 @@
+#include "model/sail.h"
+
+#include <gtest/gtest.h>
+
+namespace brivane {
+namespace {
+
+TEST(Table, HoldsEveryIndexWithinItsBounds) {
+  SurfaceTable table;
+  table(0, -1) = 1;
+  table(91, 43) = 2;
+  EXPECT_EQ(table(0, -1), 1);
+  EXPECT_EQ(table(91, 43), 2);
+  EXPECT_EQ(table(91, 42), 0);
+  table.Erase();
+  EXPECT_EQ(table, SurfaceTable{});
+}
+
+TEST(Table, RefusesAnIndexBeyondItsBounds) {
+  SurfaceTable surface;
+  EXPECT_THROW(surface(-1, 0), std::out_of_range);
+  EXPECT_THROW(surface(92, 0), std::out_of_range);
+  EXPECT_THROW(surface(0, -2), std::out_of_range);
+  EXPECT_THROW(surface(0, 44), std::out_of_range);
+  const PanelTable panels;
+  EXPECT_THROW(panels(-1, 0), std::out_of_range);
+  EXPECT_THROW(panels(91, 0), std::out_of_range);
+  EXPECT_THROW(panels(0, -1), std::out_of_range);
+  EXPECT_THROW(panels(0, 43), std::out_of_range);
+}
+
+TEST(ResetSail, BringsBackDefinitionAndPatches) {
+  Sail sail;
+  sail.Definition.LuffLength = 1;
+  sail.Patches.PatchHeight[2] = 50;
+  ResetSail(sail);
+  EXPECT_EQ(sail.Definition.LuffLength, 4550);
+  EXPECT_EQ(sail.Patches, PatchSizes{});
+}
+
+}  // namespace
+}  // namespace brivane
