@@ -86,7 +86,7 @@ DesignResult RefuseTooManyPanels(Sail& sail, int passes) {
   const double cloth = std::floor(sail.Definition.PeakPoint.y / 50);
   if (!(cloth <= 32767)) throw GeometryFault(kOverflowWords);
   sail.Definition.ClothWidth = static_cast<std::int16_t>(cloth);
-  return {DesignEnd::TooManyPanels, passes, kMostPanels + 1, 0};
+  return {DesignEnd::TooManyPanels, passes, 0};
 }
 
 /// The fitting: lay out, develop, measure, correct, until every panel fits.
@@ -125,8 +125,8 @@ DesignResult DesignPass(Sail& sail) {
   }
 }
 
-std::string TooManyPanelsText(int lineCount) {
-  return " Too many Panels  " + std::to_string(lineCount) +
+std::string TooManyPanelsText() {
+  return " Too many Panels  " + std::to_string(kMostPanels + 1) +
          "\n Cloth is too narrow \nLe tissu est trop étroit";
 }
 

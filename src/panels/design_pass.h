@@ -19,7 +19,6 @@ enum class DesignEnd {
 struct DesignResult {
   DesignEnd End = DesignEnd::Fitted;
   int Passes = 0;          ///< layout passes that were run
-  int LineCount = 0;       ///< TooManyPanels: the count that the message shows
   double WidestPanel = 0;  ///< greatest developed width of the last pass, mm
 };
 
@@ -29,7 +28,8 @@ struct DesignResult {
 /// erased and PanelCount is 0.
 DesignResult DesignPass(Sail& sail);
 
-/// The one message about too many panels, in both languages at once, three lines.
-std::string TooManyPanelsText(int lineCount);
+/// The one message about too many panels, in both languages at once, three lines. It tells at which
+/// count the layout was given up.
+std::string TooManyPanelsText();
 
 }  // namespace brivane

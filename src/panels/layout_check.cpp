@@ -47,7 +47,7 @@ bool OppositeSides(double left, double right) {
          (left < -kAreaTolerance && right > kAreaTolerance);
 }
 
-bool Cross(PlanePoint a, PlanePoint b, PlanePoint c, PlanePoint d) {
+bool SegmentsCross(PlanePoint a, PlanePoint b, PlanePoint c, PlanePoint d) {
   return OppositeSides(Cross(b - a, c - a), Cross(b - a, d - a)) &&
          OppositeSides(Cross(d - c, a - c), Cross(d - c, b - c));
 }
@@ -57,18 +57,13 @@ bool CrossesItself(const std::vector<PlanePoint>& outline) {
   for (std::size_t i = 0; i + 2 < count; ++i)
     for (std::size_t k = i + 2; k < count; ++k) {
       if (i == 0 && k + 1 == count) continue;  // neighbours round the corner
-      if (Cross(outline[i], outline[i + 1], outline[k], outline[(k + 1) % count])) return true;
+      if (SegmentsCross(outline[i], outline[i + 1], outline[k], outline[(k + 1) % count]))
+        return true;
     }
   return false;
 }
 
 }  // namespace
-
-double StripPlanArea(const SurfaceGrid& grid, int p) {
-  std::vector<PlanePoint> outline;
-  CollectOutline(grid, p, outline);
-  return SignedArea(outline);
-}
 
 void RequireCuttableStrips(const SurfaceGrid& grid, int panelCount) {
   std::vector<PlanePoint> outline;

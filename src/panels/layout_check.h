@@ -9,7 +9,4 @@ namespace brivane {
 /// sail. The strips are compared in the plane, to a millionth of a square millimetre.
 void RequireCuttableStrips(const SurfaceGrid& grid, int panelCount);
 
-/// Signed area of the strip of panel p in the plane, mm²; anticlockwise positive.
-double StripPlanArea(const SurfaceGrid& grid, int p);
-
 }  // namespace brivane

@@ -81,12 +81,18 @@ void PutSeam(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid,
   }
 }
 
-/// The edge pieces that join a line to the line before.
-void PutEdgePieces(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line,
-                   double forward, double aft) {
+/// The edge piece that joins the forward end of a line to that of the line before.
+void PutForwardEdge(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line,
+                    double forward) {
   const LayoutLine& before = plan.Lines[static_cast<std::size_t>(line - 1)];
-  PutBoundary(frame, plan.Ring, before.Forward, forward, grid, line, 1, kForwardCorner - 1);
   CopyPoint(grid, line - 1, kForwardCorner, line, 0);
+  PutBoundary(frame, plan.Ring, before.Forward, forward, grid, line, 1, kForwardCorner - 1);
+}
+
+/// The edge piece that joins the aft end of a line to that of the line before.
+void PutAftEdge(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line,
+                double aft) {
+  const LayoutLine& before = plan.Lines[static_cast<std::size_t>(line - 1)];
   PutBoundary(frame, plan.Ring, aft, before.Aft, grid, line, kAftCorner + 1, kLastPoint - 1);
   CopyPoint(grid, line - 1, kAftCorner, line, kLastPoint);
 }
@@ -99,20 +105,20 @@ double EndOfLastLine(const LinePlan& plan, const LayoutLine& before) {
   return beyond ? before.Aft : plan.LastCorner;
 }
 
+/// The last line begins where the line before does: its forward edge piece has no length.
 void PutLastLine(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid) {
   const int line = plan.PanelCount;
   const LayoutLine& before = plan.Lines[static_cast<std::size_t>(line - 1)];
   const double end = EndOfLastLine(plan, before);
+  for (int point = 0; point <= kForwardCorner; ++point)
+    CopyPoint(grid, line - 1, kForwardCorner, line, point);
   PutBoundary(frame, plan.Ring, before.Forward, end, grid, line, kForwardCorner + 1,
               kAftCorner - 1);
-  CopyPoint(grid, line - 1, kForwardCorner, line, kForwardCorner);
   if (end == before.Aft)
     CopyPoint(grid, line - 1, kAftCorner, line, kAftCorner);
   else
     PutPlace(frame, plan.Ring, end, grid, line, kAftCorner);
-  PutEdgePieces(frame, plan, grid, line, before.Forward, end);
-  for (int point = 1; point < kForwardCorner; ++point)
-    CopyPoint(grid, line, kForwardCorner, line, point);
+  PutAftEdge(frame, plan, grid, line, end);
 }
 
 double CodeValue(EdgeCode code) { return static_cast<double>(code); }
@@ -193,7 +199,8 @@ void FillGrid(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid
   for (int line = 1; line < plan.PanelCount; ++line) {
     const LayoutLine& ends = plan.Lines[static_cast<std::size_t>(line)];
     PutSeam(frame, plan, grid, line);
-    PutEdgePieces(frame, plan, grid, line, ends.Forward, ends.Aft);
+    PutForwardEdge(frame, plan, grid, line, ends.Forward);
+    PutAftEdge(frame, plan, grid, line, ends.Aft);
     grid.SurfaceX(line, kEdgeCodeColumn) = CodeValue(ends.Code);
   }
   PutLastLine(frame, plan, grid);

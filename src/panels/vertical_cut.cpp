@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "geometry/faults.h"
+#include "geometry/sail_edges.h"
 
 namespace brivane {
 namespace {
@@ -12,8 +13,7 @@ namespace {
 PlaneLine SeamAt(const SurfaceFrame& frame, double distance) {
   const SailDefinition& sail = frame.Definition;
   const PlanePoint alongFoot{-frame.CosFoot, -frame.CosFoot * frame.TanFoot};
-  return {PlanePoint{sail.ClewPoint.x, sail.ClewPoint.y} + distance * alongFoot,
-          {-frame.SinLeech, frame.CosLeech}};
+  return {InPlane(sail.ClewPoint) + distance * alongFoot, {-frame.SinLeech, frame.CosLeech}};
 }
 
 /// Ends of the seam. Before the throat has passed it starts on the gaff, afterwards on the luff;

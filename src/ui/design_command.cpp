@@ -20,7 +20,7 @@ bool RunDesignPass(Windows& windows, QWidget* parent, const QString& title) {
   const bool tooMany = laidOut && result.End == DesignEnd::TooManyPanels;
   windows.Dimensions().ShowPass(tooMany);
   windows.Picture().SailChanged();
-  if (tooMany) ShowMessage(parent, title, ToQt(TooManyPanelsText(result.LineCount)));
+  if (tooMany) ShowMessage(parent, title, ToQt(TooManyPanelsText()));
   return laidOut && !tooMany;
 }
 

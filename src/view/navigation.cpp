@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geometry/sail_edges.h"
 #include "view/outline_curve.h"
 #include "view/projection.h"
 
@@ -34,8 +35,7 @@ void Zoom(ViewState& view, PlanePoint point, PlanePoint target, double k) {
 
 double TopCorner(const SailDefinition& sail) {
   const PlanMapping plan(sail.LuffRake, ViewState{});
-  return std::max(plan.Unrake({0, sail.LuffLength}).y,
-                  plan.Unrake({sail.PeakPoint.x, sail.PeakPoint.y}).y);
+  return std::max(plan.Unrake({0, sail.LuffLength}).y, plan.Unrake(InPlane(sail.PeakPoint)).y);
 }
 
 }  // namespace

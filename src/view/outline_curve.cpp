@@ -36,6 +36,13 @@ const EdgePolyline& OutlineCurve::operator[](int edge) const {
   }
 }
 
+void Extent::Include(PlanePoint point) {
+  Left = std::min(Left, point.x);
+  Right = std::max(Right, point.x);
+  Bottom = std::min(Bottom, point.y);
+  Top = std::max(Top, point.y);
+}
+
 OutlineCurve RoundedOutline(const SailDefinition& sail) {
   const SailEdges edges = EdgesOf(sail);
   return {PointsOf(edges.Luff), PointsOf(edges.Gaff), PointsOf(edges.Leech), PointsOf(edges.Foot)};
@@ -45,15 +52,8 @@ Extent UprightExtent(const SailDefinition& sail) {
   const OutlineCurve outline = RoundedOutline(sail);
   const PlanMapping plan(sail.LuffRake, ViewState{});
   Extent extent;
-  for (int edge = 0; edge < 4; ++edge) {
-    for (const PlanePoint& raked : outline[edge]) {
-      const PlanePoint point = plan.Unrake(raked);
-      extent.Left = std::min(extent.Left, point.x);
-      extent.Right = std::max(extent.Right, point.x);
-      extent.Bottom = std::min(extent.Bottom, point.y);
-      extent.Top = std::max(extent.Top, point.y);
-    }
-  }
+  for (int edge = 0; edge < 4; ++edge)
+    for (const PlanePoint& raked : outline[edge]) extent.Include(plan.Unrake(raked));
   return extent;
 }
 

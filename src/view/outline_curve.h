@@ -22,9 +22,10 @@ struct OutlineCurve {
 /// square to its chord, by its round; a hollow edge is pushed inward.
 OutlineCurve RoundedOutline(const SailDefinition& sail);
 
-/// Where a set of points lies, mm or surface units.
+/// Where a set of points lies, mm or surface units. A new one is the origin alone.
 struct Extent {
   double Left = 0, Right = 0, Bottom = 0, Top = 0;
+  void Include(PlanePoint point);
   double Width() const { return Right - Left; }
   double Height() const { return Top - Bottom; }
 };

@@ -30,16 +30,18 @@ constexpr std::size_t kUpperSeamEnd = 37;
 
 constexpr double kNothing = std::numeric_limits<double>::infinity();
 
+constexpr Extent kNowhere{kNothing, -kNothing, kNothing, -kNothing};
+
+Extent ExtentOf(const std::vector<PlanePoint>& outline) {
+  Extent extent = kNowhere;
+  for (const PlanePoint& point : outline) extent.Include(point);
+  return extent;
+}
+
 Extent ExtentOf(const std::vector<PlacedPanel>& panels) {
-  Extent extent{kNothing, -kNothing, kNothing, -kNothing};
-  for (const PlacedPanel& panel : panels) {
-    for (const PlanePoint& point : panel.Outline) {
-      extent.Left = std::min(extent.Left, point.x);
-      extent.Right = std::max(extent.Right, point.x);
-      extent.Bottom = std::min(extent.Bottom, point.y);
-      extent.Top = std::max(extent.Top, point.y);
-    }
-  }
+  Extent extent = kNowhere;
+  for (const PlacedPanel& panel : panels)
+    for (const PlanePoint& point : panel.Outline) extent.Include(point);
   return extent;
 }
 
@@ -107,18 +109,6 @@ double UpperSeamBottom(const std::vector<PlanePoint>& outline) {
   return bottom;
 }
 
-double Bottom(const std::vector<PlanePoint>& outline) {
-  double bottom = kNothing;
-  for (const PlanePoint& point : outline) bottom = std::min(bottom, point.y);
-  return bottom;
-}
-
-double Top(const std::vector<PlanePoint>& outline) {
-  double top = -kNothing;
-  for (const PlanePoint& point : outline) top = std::max(top, point.y);
-  return top;
-}
-
 /// Stacks panels upwards from the first on, every one moved up until it clears all that lie below
 /// it. Stops before the panel with which the stack would be higher than the limit and returns its
 /// index.
@@ -127,17 +117,18 @@ std::size_t StackUpwards(std::vector<PlacedPanel>& panels, std::size_t first, do
   const Columns columns(ExtentOf(panels));
   std::array<double, kColumns> skyline;
   skyline.fill(-kNothing);
-  const double base = Bottom(panels[first].Outline);
+  const double base = ExtentOf(panels[first].Outline).Bottom;
   double shift = 0;
   double seamBefore = -kNothing;
   for (std::size_t i = first; i < panels.size(); ++i) {
     PlacedPanel& panel = panels[i];
     const Reach reach = columns.Of(panel.Outline);
-    shift = std::max(shift, seamBefore + gap - Bottom(panel.Outline));
+    const Extent extent = ExtentOf(panel.Outline);
+    shift = std::max(shift, seamBefore + gap - extent.Bottom);
     for (std::size_t column = 0; column < kColumns; ++column)
       if (skyline[column] > -kNothing && reach.Low[column] < kNothing)
         shift = std::max(shift, skyline[column] + gap - reach.Low[column]);
-    if (i > first && Top(panel.Outline) + shift - base > highest) return i;
+    if (i > first && extent.Top + shift - base > highest) return i;
     ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x, point.y + shift}; });
     for (std::size_t column = 0; column < kColumns; ++column)
       skyline[column] = std::max(skyline[column], reach.High[column] + shift);
@@ -153,7 +144,7 @@ void StackInColumns(std::vector<PlacedPanel>& panels, double gap, double highest
     const std::size_t end = StackUpwards(panels, first, gap, highest);
     const auto begin = panels.begin() + static_cast<std::ptrdiff_t>(first);
     const auto stop = panels.begin() + static_cast<std::ptrdiff_t>(end);
-    const Extent column = ExtentOf({begin, stop});
+    const Extent column = ExtentOf(std::vector<PlacedPanel>{begin, stop});
     const double shift = std::max(0.0, left - column.Left);
     std::for_each(begin, stop, [&](PlacedPanel& panel) {
       ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{point.x + shift, point.y}; });
@@ -161,12 +152,6 @@ void StackInColumns(std::vector<PlacedPanel>& panels, double gap, double highest
     left = column.Right + shift + gap;
     first = end;
   }
-}
-
-double RightEnd(const std::vector<PlanePoint>& outline) {
-  double right = -kNothing;
-  for (const PlanePoint& point : outline) right = std::max(right, point.x);
-  return right;
 }
 
 /// Turns the frame of every panel so that its aft end stands on the base line and the panel's
@@ -211,7 +196,7 @@ std::vector<PlacedPanel> ArrangePanels(const Sail& sail, const ViewState& view) 
   const double gap = kGapShare * sail.Definition.ClothWidth;
   if (upright) {
     for (PlacedPanel& panel : panels) {
-      const double end = RightEnd(panel.Outline);
+      const double end = ExtentOf(panel.Outline).Right;
       ChangePoints(panel, [&](PlanePoint point) { return PlanePoint{end - point.x, point.y}; });
     }
   }

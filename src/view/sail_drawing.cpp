@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "geometry/plane.h"
+#include "geometry/sail_edges.h"
 #include "model/number_text.h"
 #include "view/outline_curve.h"
 #include "view/panel_arrangement.h"
@@ -58,16 +59,15 @@ void AppendOutline(const SailDefinition& sail, const ViewState& view, Drawing& d
   const OutlineCurve outline = RoundedOutline(sail);
   const PlanMapping plan(sail.LuffRake, view);
   for (int edge = 0; edge < 4; ++edge) AddStroke(drawing, MappedStroke(outline[edge], plan, true));
-  AddStroke(drawing, {{plan.MapSail({0, sail.LuffLength}),
-                       plan.MapSail({sail.ClewPoint.x, sail.ClewPoint.y})},
+  AddStroke(drawing, {{plan.MapSail({0, sail.LuffLength}), plan.MapSail(InPlane(sail.ClewPoint))},
                       kRed,
                       PenStyle::Dashed});
 }
 
 void AppendLabels(const SailDefinition& sail, const ViewState& view, Language language,
                   Drawing& drawing) {
-  const PlanePoint peak{sail.PeakPoint.x, sail.PeakPoint.y};
-  const PlanePoint clew{sail.ClewPoint.x, sail.ClewPoint.y};
+  const PlanePoint peak = InPlane(sail.PeakPoint);
+  const PlanePoint clew = InPlane(sail.ClewPoint);
   LabelWriter labels(sail, view, language, drawing);
   labels.Write({"Luff", "Guindant"}, {0, sail.LuffLength / 3}, 50, 0);
   labels.Write({"Head", "Tête"}, peak, 100, -150);

@@ -7,6 +7,7 @@
 #include "model/failures.h"
 #include "panels/development.h"
 #include "panels/layout_check.h"
+#include "support/panel_measures.h"
 
 namespace brivane {
 namespace {
@@ -103,8 +104,16 @@ TEST(DesignPass, CutsANarrowSailFromOneVerticalPanel) {
   EXPECT_EQ(sail.Definition.PanelCount, 1);
 }
 
+TEST(DesignPass, RefusesASailTooSmallForAnyCloth) {
+  Sail sail;
+  sail.Definition.LuffLength = sail.Definition.FootLength = sail.Definition.DiagonalLength = 1;
+  sail.Definition.ClothWidth = 890;  // lowered to 0.3 mm, which is no whole millimetre
+  EXPECT_THROW(DesignPass(sail), GeometryFault);
+  EXPECT_EQ(sail.Definition.PanelCount, 0);
+}
+
 TEST(DesignPass, SaysTooManyPanelsInBothLanguagesAtOnce) {
-  EXPECT_EQ(TooManyPanelsText(71),
+  EXPECT_EQ(TooManyPanelsText(),
             " Too many Panels  71\n Cloth is too narrow \nLe tissu est trop étroit");
 }
 
@@ -152,7 +161,7 @@ TEST(RequireCuttableStrips, RefusesAStripThatTurnsOver) {
   EXPECT_THROW(RequireCuttableStrips(sail.Grid, sail.Definition.PanelCount), GeometryFault);
 }
 
-TEST(StripPlanArea, OfAllStripsIsThatOfTheOutline) {
+TEST(DesignPass, CutsStripsThatAddUpToTheSail) {
   Sail sail;
   sail.Definition.CutType = kVerticalCut;
   sail.Definition.LuffRound = sail.Definition.LeechRound = sail.Definition.FootRound = 0;

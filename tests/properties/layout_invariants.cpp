@@ -13,34 +13,13 @@ PlanePoint At(const SurfaceGrid& grid, int line, int point) {
   return {grid.SurfaceX(line, point), grid.SurfaceY(line, point)};
 }
 
-double ShoelaceArea(const std::vector<PlanePoint>& ring) {
-  double twice = 0;
-  for (std::size_t i = 2; i < ring.size(); ++i)
-    twice += Cross(ring[i - 1] - ring[0], ring[i] - ring[0]);
-  return twice / 2;
-}
-
-void Append(std::vector<PlanePoint>& ring, const SurfaceGrid& grid, int line, int from, int to) {
-  const int step = from <= to ? 1 : -1;
-  for (int point = from; point != to + step; point += step) ring.push_back(At(grid, line, point));
-}
-
-double StripArea(const SurfaceGrid& grid, int p) {
-  std::vector<PlanePoint> ring;
-  Append(ring, grid, p, 5, 35);
-  Append(ring, grid, p + 1, 40, 35);
-  Append(ring, grid, p + 1, 35, 5);
-  Append(ring, grid, p + 1, 5, 0);
-  return ShoelaceArea(ring);
-}
-
 /// The boundary of all strips together: line 0, the aft pieces, the last line, the forward pieces.
 double RingArea(const SurfaceGrid& grid, int count) {
   std::vector<PlanePoint> ring;
-  Append(ring, grid, 0, 5, 35);
-  for (int line = 1; line <= count; ++line) Append(ring, grid, line, 40, 35);
-  Append(ring, grid, count, 35, 5);
-  for (int line = count; line >= 1; --line) Append(ring, grid, line, 5, 0);
+  AppendLinePoints(ring, grid, 0, 5, 35);
+  for (int line = 1; line <= count; ++line) AppendLinePoints(ring, grid, line, 40, 35);
+  AppendLinePoints(ring, grid, count, 35, 5);
+  for (int line = count; line >= 1; --line) AppendLinePoints(ring, grid, line, 5, 0);
   return ShoelaceArea(ring);
 }
 
@@ -96,10 +75,10 @@ double Size(const Sail& sail) {
 
 std::string BrokenByStrips(const Sail& sail) {
   const int count = sail.Definition.PanelCount;
-  const double sign = StripArea(sail.Grid, 0) > 0 ? 1 : -1;
+  const double sign = StripPlanArea(sail.Grid, 0) > 0 ? 1 : -1;
   double sum = 0;
   for (int p = 0; p < count; ++p) {
-    const double area = sign * StripArea(sail.Grid, p);
+    const double area = sign * StripPlanArea(sail.Grid, p);
     if (!(area > 0)) return "strip " + std::to_string(p) + " has no positive area";
     sum += area;
   }

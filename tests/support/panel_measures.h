@@ -45,6 +45,30 @@ inline double WorstEdgeError(const Sail& sail, int p) {
   return worst;
 }
 
+/// Signed area of a closed ring of points, mm²; anticlockwise positive.
+inline double ShoelaceArea(const std::vector<PlanePoint>& ring) {
+  double twice = 0;
+  for (std::size_t i = 2; i < ring.size(); ++i)
+    twice += Cross(ring[i - 1] - ring[0], ring[i] - ring[0]);
+  return twice / 2;
+}
+
+/// Appends points from to to of a line of the grid, in either direction, as points of the plane.
+inline void AppendLinePoints(std::vector<PlanePoint>& ring, const SurfaceGrid& grid, int line,
+                             int from, int to) {
+  const int step = from <= to ? 1 : -1;
+  for (int point = from; point != to + step; point += step)
+    ring.push_back({grid.SurfaceX(line, point), grid.SurfaceY(line, point)});
+}
+
+/// Signed area of the strip of panel p in the plane, mm²; anticlockwise positive.
+inline double StripPlanArea(const SurfaceGrid& grid, int p) {
+  std::vector<PlanePoint> ring;
+  AppendLinePoints(ring, grid, p, 5, 35);
+  AppendLinePoints(ring, grid, p + 1, 40, 0);
+  return ShoelaceArea(ring);
+}
+
 /// Area of a developed panel's cutting outline, mm²; positive for upper seam above lower.
 inline double PanelArea(const DevelopedPanels& panels, int p) {
   std::vector<PlanePoint> outline;
@@ -54,10 +78,7 @@ inline double PanelArea(const DevelopedPanels& panels, int p) {
   for (int point = 35; point >= 5; --point)
     outline.push_back({panels.PanelUpperX(p, point), panels.PanelUpperY(p, point)});
   for (int point = 5; point >= 0; --point) outline.push_back(EdgePoint(panels, p, point));
-  double twice = 0;
-  for (std::size_t i = 2; i < outline.size(); ++i)
-    twice += Cross(outline[i - 1] - outline[0], outline[i] - outline[0]);
-  return twice / 2;
+  return ShoelaceArea(outline);
 }
 
 }  // namespace brivane
