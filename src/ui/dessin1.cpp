@@ -1,14 +1,19 @@
 #include "ui/dessin1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QScreen>
 #include <QSignalBlocker>
+#include <QTimer>
 
 #include "ui/create1.h"
 #include "ui/current_sail.h"
 #include "ui/menu1.h"
 #include "ui/messages.h"
+#include "ui/open_command.h"
 #include "ui/qt_text.h"
+#include "ui/sail_drop.h"
 #include "ui/save_command.h"
 #include "view/layout_summary.h"
 #include "view/navigation.h"
@@ -23,6 +28,20 @@ QSize FirstSize(const QScreen& screen) {
   return (screen.availableSize() * 0.85).boundedTo(QSize(1280, 860));
 }
 
+/// The sail file that may be dropped now. A message or a dialog in front of the window keeps it
+/// from being dropped into, as from everything else.
+std::optional<std::string> DroppableSail(const QDropEvent& event) {
+  const bool copies = event.possibleActions() & Qt::CopyAction;
+  if (!copies || QApplication::activeModalWidget() != nullptr) return std::nullopt;
+  return DraggedSailFile(*event.mimeData());
+}
+
+/// Takes the drop as a copy: who believes that a file was moved deletes it.
+void AcceptAsCopy(QDropEvent& event) {
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+}
+
 double DiagonalLength() { return Current().TheSail.Definition.DiagonalLength; }
 
 }  // namespace
@@ -32,6 +51,7 @@ Dessin1::Dessin1(Windows& windows) : windows_(windows) {
   BuildMenus();
   BuildPicture();
   resize(FirstSize(*screen()));
+  setAcceptDrops(true);
 }
 
 void Dessin1::Activated() {
@@ -43,6 +63,20 @@ void Dessin1::Activated() {
 void Dessin1::closeEvent(QCloseEvent* event) {
   event->accept();
   windows_.EndProgram();
+}
+
+void Dessin1::dragEnterEvent(QDragEnterEvent* event) {
+  if (DroppableSail(*event)) return AcceptAsCopy(*event);
+  event->ignore();
+}
+
+void Dessin1::dropEvent(QDropEvent* event) {
+  const std::optional<std::string> path = DroppableSail(*event);
+  if (!path) return event->ignore();
+  AcceptAsCopy(*event);
+  windows_.BringToFront(*this);
+  windows_.CountAsFront(*this);
+  OpenSoon(*path);
 }
 
 // --- Drawing -------------------------------------------------------------------------------------
@@ -173,5 +207,15 @@ void Dessin1::CleanPicture() {
 void Dessin1::ShowLabels() { Redraw(RedrawMode::FitOutline); }
 
 void Dessin1::ShowStart() { windows_.BringToFront(windows_.Start()); }
+
+void Dessin1::OpenSoon(const std::string& path) {
+  // The program that the file was dragged from waits for the end of the drop: a message must not
+  // come up in it. What a window told as it was left comes first.
+  constexpr int kRetryMs = 20;
+  QTimer::singleShot(0, this, [this, path] {
+    if (QApplication::activeModalWidget() == nullptr) return OpenSail(windows_, this, path);
+    QTimer::singleShot(kRetryMs, this, [this, path] { OpenSoon(path); });
+  });
+}
 
 }  // namespace brivane

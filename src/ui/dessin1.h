@@ -45,6 +45,8 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   // Building.
@@ -78,6 +80,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
   void CleanPicture();
   void ShowLabels();
   void ShowStart();
+  void OpenSoon(const std::string& path);
 
   Windows& windows_;
   QLabel* hint_;

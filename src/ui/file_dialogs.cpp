@@ -55,9 +55,8 @@ std::optional<std::string> Run(QPointer<FileDialog> dialog) {
   if (dialog.isNull()) return std::nullopt;
   std::optional<std::string> path;
   if (accepted && !dialog->selectedFiles().isEmpty()) {
-    const QString chosen = dialog->selectedFiles().front();
-    Folder() = QFileInfo(chosen).absolutePath();
-    path = FromQt(chosen);
+    path = FromQt(dialog->selectedFiles().front());
+    KeepFolderOf(*path);
   }
   delete dialog.data();
   return path;
@@ -108,6 +107,8 @@ QString CurrentFolder() {
   }
   return Folder();
 }
+
+void KeepFolderOf(const std::string& path) { Folder() = QFileInfo(ToQt(path)).absolutePath(); }
 
 std::optional<std::string> AskOpenPath(QWidget* parent, const OpenQuestion& question) {
   const QPointer<FileDialog> dialog = new FileDialog(parent);

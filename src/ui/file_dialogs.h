@@ -18,6 +18,8 @@ bool ConfirmReplacing(QWidget* parent, const std::vector<std::string>& files);
 /// The folder of the last file dialog: at first the user's documents folder, or the working
 /// directory where there is none.
 QString CurrentFolder();
+/// Makes the folder of a file the current one, as a dialog that chose the file does.
+void KeepFolderOf(const std::string& path);
 
 /// A kind of file in a dialog.
 struct FileFilter {

@@ -71,4 +71,9 @@ void OpenCommand(Windows& windows, QWidget* parent) {
   });
 }
 
+void OpenSail(Windows& windows, QWidget* parent, const std::string& path) {
+  KeepFolderOf(path);
+  RunGuarded(parent, TitleWith(texts::kOpenTitle), [&] { OpenFile(windows, parent, path); });
+}
+
 }  // namespace brivane

@@ -42,6 +42,9 @@ class Windows : public QObject {
   void BringToFront(QWidget& window);
   /// Shows a window without taking the front from another one.
   void ShowBehind(QWidget& window);
+  /// Takes a window as come to the front already: what another one does as it is left begins now,
+  /// even where the desktop does not let the program take the front.
+  void CountAsFront(ProgramWindow& window) { CameToFront(window); }
   /// Takes a window as left already: it is not told again until it has come back.
   void CountAsLeft(ProgramWindow& window);
   /// Ends the event loop of the program, and of any message that is up.
