@@ -1,4 +1,4 @@
-// Layout and development over thousands of random sails of each cut.
+// Layout, development, sail data files and exports over thousands of random sails of each cut.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,9 @@
 #include <map>
 
 #include "model/failures.h"
+#include "model/temporary_folder.h"
 #include "panels/design_pass.h"
+#include "properties/export_checks.h"
 #include "properties/layout_invariants.h"
 #include "properties/random_sails.h"
 
@@ -15,6 +17,16 @@ namespace brivane {
 namespace {
 
 constexpr int kUsualSails = 10000;
+
+/// The exports of so many sails, one after the other, are read back once; in a longer run those of
+/// every sail are.
+constexpr int kUsualExportStep = 10;
+
+/// One of so many sails goes by way of the disk, which takes its time.
+constexpr int kDiskStep = 250;
+
+/// Fewer sails than these say nothing about shares.
+constexpr int kEnoughForShares = 5000;
 
 /// What became of the sails of one property, by cause.
 using Tally = std::map<std::string, int>;
@@ -40,12 +52,28 @@ int Refused(const Tally& tally) {
   return sum;
 }
 
+/// The sail data file of the sail and, where it was laid out, its exports, each under the decimal
+/// mark whose turn it is.
+void CheckFiles(const Sail& sail, bool isLaidOut, int index) {
+  const int exportStep = SailCount(0) == 0 ? kUsualExportStep : 1;
+  const char mark = index / exportStep % 2 == 0 ? '.' : ',';
+  std::string broken = BrokenSailData(sail.Definition, mark);
+  if (broken.empty() && index % kDiskStep == 0) {
+    const TemporaryFolder folder;
+    broken = BrokenSailDataFile(sail.Definition, mark, folder.Path(""));
+  }
+  if (broken.empty() && isLaidOut && index % exportStep == 0) broken = BrokenExport(sail, mark);
+  if (!broken.empty())
+    ADD_FAILURE() << broken << ", sail " << DumpSail(sail.Definition, "files", index);
+}
+
 /// Designs the sail, checks it and returns what became of it.
 std::string Design(const SailDefinition& definition, int index) {
   Sail sail;
   sail.Definition = definition;
   try {
     const DesignResult result = DesignPass(sail);
+    CheckFiles(sail, result.End != DesignEnd::TooManyPanels, index);
     if (result.End == DesignEnd::TooManyPanels) return "refused: too many panels";
     const std::string broken = BrokenInvariant(sail, result);
     if (!broken.empty())
@@ -60,6 +88,7 @@ std::string Design(const SailDefinition& definition, int index) {
   } catch (const GeometryFault& fault) {
     EXPECT_EQ(sail.Definition.PanelCount, 0) << index;
     EXPECT_EQ(sail.Grid, SurfaceGrid{}) << index;
+    CheckFiles(sail, false, index);
     return CauseOfRefusal(sail.Definition, fault);
   }
 }
@@ -81,6 +110,7 @@ class LayoutProperty : public ::testing::TestWithParam<const char*> {};
 TEST_P(LayoutProperty, HoldsForPlausibleSails) {
   const int count = SailCount(kUsualSails);
   Tally tally = DesignMany(PlausibleSail, GetParam(), count);
+  if (count < kEnoughForShares) return;
   const double allowed = GetParam() == std::string(kTwistFootCut) ? 0.01 : 0.005;
   EXPECT_LE(tally["not fitted: other"], allowed * count);
   const int hollow = tally["refused: leech hollow deeper than 0.6 cloth"];
