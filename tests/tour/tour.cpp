@@ -47,7 +47,7 @@ class Tour {
     OpenSails();
     VisitPatches("english");
     Stop("The listing on paper");
-    PrintListing("english", "60-printer-setup");
+    PrintListing("english");
     GoFrench();
     Leave();
   }
@@ -231,8 +231,9 @@ class Tour {
     Stop(qPrintable("  paper " + name));
   }
 
-  void PrintListing(const QString& language, const QString& picture = {}) {
-    Print("fPrint_Data", "data-" + language + ".pdf", "A4", "Portrait", picture);
+  void PrintListing(const QString& language) {
+    Print("fPrint_Data", "data-" + language + ".pdf", "A4", "Portrait",
+          "60-printer-setup-" + language);
   }
 
   void PrintSail(const QString& name) {
@@ -290,13 +291,23 @@ class Tour {
     hand_.AllAnswered();
     TypeDefaults();
     ClickIn(Dimensions(), "Validation");
+    camera_.Take("43-drawing-seams-french", {&Drawing()});
     ClickIn(Drawing(), "Legende1");
     camera_.Take("43-drawing-labels-french", {&Drawing()});
-    ClickIn(Drawing(), "Developing");
-    camera_.Take("44-developed-french", {&Drawing()});
+    hand_.Turn(hand_.In<QScrollBar>(Drawing(), "HScroll1"), 60);
+    camera_.Take("43-drawing-azimuth-french", {&Drawing()});
+    ClickIn(Drawing(), "Clean");
+    for (const CutStop& cut : kCuts) {
+      LayOut(cut.Option);
+      ClickIn(Drawing(), "Developing");
+      camera_.Take(QString("44-developed-%1-french").arg(cut.Name), {&Drawing()});
+    }
+    Save("fSave_Data", files_.filePath("Voile"), false);
+    LayOut(kCuts[0].Option);
     VisitMould("french");
     VisitPatches("french");
     PrintListing("french");
+    Print("fPrint_Panels", "panels-french-a4.pdf", "A4", "Portrait");
   }
 
   void Leave() {
