@@ -20,6 +20,24 @@ constexpr std::size_t kExtensionLength = 4;  ///< dot and three letters
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32; }
 
+/// A line of the dimensions, and where its number belongs.
+struct DimensionLine {
+  std::string_view Field;
+  double SailDefinition::*Member;
+  bool IsLength;
+};
+
+constexpr std::array<DimensionLine, 9> kDimensionLines = {
+    {{"LuffLength", &SailDefinition::LuffLength, true},
+     {"LuffRake", &SailDefinition::LuffRake, false},
+     {"DiagonalLength", &SailDefinition::DiagonalLength, true},
+     {"FootLength", &SailDefinition::FootLength, true},
+     {"GaffLength", &SailDefinition::GaffLength, true},
+     {"GaffAngle", &SailDefinition::GaffAngle, false},
+     {"LeechLength", &SailDefinition::LeechLength, true},
+     {"LeechAngle", &SailDefinition::LeechAngle, false},
+     {"SailArea", &SailDefinition::SailArea, false}}};
+
 // --- Writing -----------------------------------------------------------------------------------
 
 /// Builds a file's text line by line.
@@ -65,11 +83,10 @@ class LineReader {
     for (int each = 0; each < lines; ++each) Text();
   }
   double Number(std::string_view field) { return Checked(ReadLeadingNumber(Text()), field); }
-  double Whole(std::string_view field) { return WholePart(Number(field)); }
   std::int16_t Rounded(std::string_view field) {
     return AsInt16(RoundHalfEven(Number(field)), field);
   }
-  std::int16_t Floored(std::string_view field) { return AsInt16(Whole(field), field); }
+  std::int16_t Floored(std::string_view field) { return AsInt16(WholePart(Number(field)), field); }
 
   /// A line that must be a number from end to end.
   double WholeLine(std::string_view field, char decimalMark) {
@@ -97,16 +114,24 @@ class LineReader {
   int line_ = 0;
 };
 
-void ReadDimensions(LineReader& lines, SailDefinition& sail) {
-  sail.LuffLength = lines.Number("LuffLength");
-  sail.LuffRake = lines.Number("LuffRake");
-  sail.DiagonalLength = lines.Number("DiagonalLength");
-  sail.FootLength = lines.Number("FootLength");
-  sail.GaffLength = lines.Number("GaffLength");
-  sail.GaffAngle = lines.Number("GaffAngle");
-  sail.LeechLength = lines.Number("LeechLength");
-  sail.LeechAngle = lines.Number("LeechAngle");
-  sail.SailArea = lines.Number("SailArea");
+/// The dimensions in the order of their lines. The older generation has whole lengths and no rake.
+void ReadDimensions(LineReader& lines, SailDefinition& sail, SailFileKind kind) {
+  const bool isOld = kind == SailFileKind::OldSail;
+  for (const DimensionLine& line : kDimensionLines) {
+    if (isOld && line.Member == &SailDefinition::LuffRake) continue;
+    const double value = lines.Number(line.Field);
+    sail.*line.Member = isOld && line.IsLength ? WholePart(value) : value;
+  }
+}
+
+/// The three values of a mould field.
+void ReadProfile(LineReader& lines, std::array<double, 3>& values, std::string_view field) {
+  for (double& value : values) value = lines.Number(field);
+}
+
+void ReadDepthPositionAndTwist(LineReader& lines, SailDefinition& sail) {
+  sail.DepthPosition = lines.Number("DepthPosition");
+  sail.TwistAngle = lines.Number("TwistAngle");
 }
 
 /// The edges of both generations; the positions that no window edits are 50 where they are not
@@ -120,17 +145,6 @@ void ReadEdges(LineReader& lines, SailDefinition& sail, bool hasAllPositions = t
   sail.FootRoundPos = hasAllPositions ? lines.Rounded("FootRoundPos") : std::int16_t{50};
   sail.GaffRound = lines.Rounded("GaffRound");
   sail.GaffRoundPos = hasAllPositions ? lines.Rounded("GaffRoundPos") : std::int16_t{50};
-}
-
-void ReadDimensionsV4(LineReader& lines, SailDefinition& sail) {
-  sail.LuffLength = lines.Whole("LuffLength");
-  sail.DiagonalLength = lines.Whole("DiagonalLength");
-  sail.FootLength = lines.Whole("FootLength");
-  sail.GaffLength = lines.Whole("GaffLength");
-  sail.GaffAngle = lines.Number("GaffAngle");
-  sail.LeechLength = lines.Whole("LeechLength");
-  sail.LeechAngle = lines.Number("LeechAngle");
-  sail.SailArea = lines.Number("SailArea");
 }
 
 /// What the older generation does not store, from its one middle value of each array.
@@ -159,9 +173,7 @@ std::string SailDataText(const SailDefinition& sail) {
   lines.Free(sail.SailName).Free(sail.CutType).Free(sail.MouldLabel).Free(sail.CutLabel);
   lines.Number(sail.PanelCount);
   lines.Words("DIMENSIONS");
-  lines.Number(sail.LuffLength).Number(sail.LuffRake).Number(sail.DiagonalLength);
-  lines.Number(sail.FootLength).Number(sail.GaffLength).Number(sail.GaffAngle);
-  lines.Number(sail.LeechLength).Number(sail.LeechAngle).Number(sail.SailArea);
+  for (const DimensionLine& line : kDimensionLines) lines.Number(sail.*line.Member);
   lines.Words("EDGES");
   lines.Number(sail.LuffRound).Number(sail.LuffRoundPos);
   lines.Number(sail.LeechRound).Number(sail.LeechRoundPos);
@@ -203,17 +215,16 @@ void ReadSailDataText(std::string_view text, SailDefinition& sail, char decimalM
   sail.CutLabel = lines.Text();
   sail.PanelCount = lines.Floored("PanelCount");
   lines.Skip();
-  ReadDimensions(lines, sail);
+  ReadDimensions(lines, sail, SailFileKind::Sail);
   lines.Skip();
   ReadEdges(lines, sail);
   lines.Skip();
-  for (double& depth : sail.Depth) depth = lines.Number("Depth");
+  ReadProfile(lines, sail.Depth, "Depth");
   sail.LuffShape[kFoot] = lines.Number("LuffShape");
   sail.LuffShape[kMiddle] = lines.WholeLine("LuffShape", decimalMark);
   sail.LuffShape[kTop] = lines.Number("LuffShape");
-  for (double& shape : sail.LeechShape) shape = lines.Number("LeechShape");
-  sail.DepthPosition = lines.Number("DepthPosition");
-  sail.TwistAngle = lines.Number("TwistAngle");
+  ReadProfile(lines, sail.LeechShape, "LeechShape");
+  ReadDepthPositionAndTwist(lines, sail);
   lines.Skip();
   sail.ClothWidth = lines.Rounded("ClothWidth");
   sail.SeamWidth = lines.Rounded("SeamWidth");
@@ -229,13 +240,12 @@ void ReadSailDataTextV4(std::string_view text, SailDefinition& sail) {
   sail.SailName = lines.Text();
   sail.CutType = lines.Text();
   sail.MouldLabel = lines.Text();
-  ReadDimensionsV4(lines, sail);
+  ReadDimensions(lines, sail, SailFileKind::OldSail);
   ReadEdges(lines, sail, hasAllPositions);
   sail.Depth[kMiddle] = lines.Number("Depth");
   sail.LuffShape[kMiddle] = lines.Number("LuffShape");
   sail.LeechShape[kMiddle] = lines.Number("LeechShape");
-  sail.DepthPosition = lines.Number("DepthPosition");
-  sail.TwistAngle = lines.Number("TwistAngle");
+  ReadDepthPositionAndTwist(lines, sail);
   sail.ClothWidth = lines.Floored("ClothWidth");
   sail.SeamWidth = lines.Floored("SeamWidth");
   sail.PanelCount = lines.Floored("PanelCount");
@@ -250,11 +260,10 @@ void ReadMouldFromText(std::string_view text, SailDefinition& sail) {
   constexpr int kLinesBefore = 25;  // one fewer than stand before the profile values
   LineReader lines(text);
   lines.Skip(kLinesBefore);
-  for (double& depth : sail.Depth) depth = lines.Number("Depth");
-  for (double& shape : sail.LuffShape) shape = lines.Number("LuffShape");
-  for (double& shape : sail.LeechShape) shape = lines.Number("LeechShape");
-  sail.DepthPosition = lines.Number("DepthPosition");
-  sail.TwistAngle = lines.Number("TwistAngle");
+  ReadProfile(lines, sail.Depth, "Depth");
+  ReadProfile(lines, sail.LuffShape, "LuffShape");
+  ReadProfile(lines, sail.LeechShape, "LeechShape");
+  ReadDepthPositionAndTwist(lines, sail);
 }
 
 void ReadMouldFromFile(const std::string& path, SailDefinition& sail) {

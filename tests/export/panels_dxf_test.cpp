@@ -9,10 +9,10 @@
 #include <system_error>
 
 #include "export/dxf_entities.h"
-#include "file_size_limit.h"
 #include "model/failures.h"
 #include "scratch_folder.h"
 #include "small_sail.h"
+#include "support/file_size_limit.h"
 
 namespace brivane {
 namespace {

@@ -9,10 +9,10 @@
 #include <sstream>
 #include <system_error>
 
-#include "file_size_limit.h"
 #include "model/text_file.h"
 #include "scratch_folder.h"
 #include "small_sail.h"
+#include "support/file_size_limit.h"
 
 namespace brivane {
 namespace {

@@ -8,9 +8,9 @@
 #include <limits>
 #include <system_error>
 
-#include "file_size_limit.h"
 #include "scratch_folder.h"
 #include "small_sail.h"
+#include "support/file_size_limit.h"
 
 namespace brivane {
 namespace {

@@ -14,6 +14,7 @@
 #include "fuzz/every_output.h"
 #include "geometry/outline.h"
 #include "model/failures.h"
+#include "model/file_lines.h"
 #include "model/sail_file.h"
 #include "model/temporary_folder.h"
 #include "panels/design_pass.h"
@@ -22,8 +23,6 @@
 
 namespace brivane {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr double kMostSeconds = 1.0;  // the sanitizers make it ten times as slow
@@ -51,15 +50,9 @@ Lines LinesOf(const std::string& text) {
   return lines;
 }
 
-std::string TextOf(const Lines& lines, const std::string& lineEnd = "\r\n") {
-  std::string text;
-  for (const std::string& line : lines) text += line + lineEnd;
-  return text;
-}
-
 /// The default sail in the older generation.
 std::string OldText() {
-  return TextOf({"Brivane 4 VERSION_ 12 May 1999",
+  return Joined({"Brivane 4 VERSION_ 12 May 1999",
                  "Old",
                  "TWISTFOOTCUT",
                  "label",
@@ -198,7 +191,7 @@ class EachLine : public Opening, public testing::WithParamInterface<bool> {
       Lines lines = Base();
       change(lines, line);
       if (++changes_ % kStride != 0) continue;
-      OpenOnce(TextOf(lines), what + ", line " + std::to_string(line + 1), GetParam() ? 1 : 0);
+      OpenOnce(Joined(lines), what + ", line " + std::to_string(line + 1), GetParam() ? 1 : 0);
     }
   }
 
@@ -207,7 +200,7 @@ class EachLine : public Opening, public testing::WithParamInterface<bool> {
 };
 
 TEST_P(EachLine, CutOffAtEveryByte) {
-  const std::string text = TextOf(Base());
+  const std::string text = Joined(Base());
   for (std::size_t size = 0; size <= text.size(); size += kStride)
     OpenOnce(text.substr(0, size), "cut off at byte " + std::to_string(size), GetParam() ? 1 : 0);
 }
@@ -249,7 +242,7 @@ TEST_P(EachLine, AllHostile) {
   for (const std::string& value : HostileValues()) {
     Lines lines = Base();
     for (std::string& line : lines) line = value;
-    Open(TextOf(lines), "all \"" + value.substr(0, 40) + "\"");
+    Open(Joined(lines), "all \"" + value.substr(0, 40) + "\"");
   }
 }
 
@@ -259,17 +252,17 @@ TEST_P(EachLine, SeveralHostile) {
     Lines lines = Base();
     for (int change = 0; change < 4; ++change)
       lines[random() % lines.size()] = HostileValues()[random() % HostileValues().size()];
-    OpenOnce(TextOf(lines), "round " + std::to_string(round), GetParam() ? 1 : 0);
+    OpenOnce(Joined(lines), "round " + std::to_string(round), GetParam() ? 1 : 0);
   }
 }
 
 TEST_P(EachLine, OfAnotherLineEnd) {
   for (const std::string end : {"\n", "\r", "\n\r", "\r\r\n", "\x0B", "", "\xC2\x85"})
-    Open(TextOf(Base(), end), "line ends of " + std::to_string(end.size()) + " bytes");
+    Open(Joined(Base(), end), "line ends of " + std::to_string(end.size()) + " bytes");
 }
 
 TEST_P(EachLine, OfAnotherEncoding) {
-  const std::string text = TextOf(Base());
+  const std::string text = Joined(Base());
   Open("\xEF\xBB\xBF" + text, "UTF-8 with its mark");
   Open("\xEF\xBB" + text, "half a mark");
   for (const bool isBigEndian : {false, true}) {

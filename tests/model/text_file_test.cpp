@@ -2,22 +2,20 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "model/failures.h"
+#include "model/file_checks.h"
 #include "model/file_faults.h"
 #include "model/temporary_folder.h"
+#include "support/file_size_limit.h"
 
 namespace brivane {
 namespace {
@@ -25,52 +23,11 @@ namespace {
 namespace fs = std::filesystem;
 using enum FileErrorKind;
 
-std::optional<FileError> FaultOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const FileError& error) {
-    return error;
-  }
-  return std::nullopt;
-}
-
-void ExpectFault(const std::function<void()>& action, FileErrorKind kind, FileStep step,
-                 std::size_t bytes = 0) {
-  const std::optional<FileError> fault = FaultOf(action);
-  ASSERT_TRUE(fault.has_value()) << "nothing failed";
-  EXPECT_EQ(static_cast<int>(fault->Kind), static_cast<int>(kind)) << fault->what();
-  EXPECT_EQ(static_cast<int>(fault->Step), static_cast<int>(step)) << fault->what();
-  EXPECT_EQ(fault->BytesWritten, bytes);
-  EXPECT_EQ(fault->IsPathAccess(), kind != Other);
-  EXPECT_STRNE(fault->what(), "");
-}
-
 mode_t ModeOf(const std::string& path) {
   struct stat status {};
   EXPECT_EQ(stat(path.c_str(), &status), 0);
   return status.st_mode & 07777;
 }
-
-/// Holds the size of files that the process writes, as a full disk does.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit = {bytes, old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit old_{};
-  void (*oldHandler_)(int) = nullptr;
-};
 
 /// Gives up the superuser's rights, where the tests run with them.
 class OrdinaryUser {
@@ -87,23 +44,6 @@ class OrdinaryUser {
  private:
   static constexpr uid_t kNobody = 65534;
   bool wasSuperuser_ = geteuid() == 0;
-};
-
-/// A socket that a path leads to.
-class SocketFile {
- public:
-  explicit SocketFile(const std::string& path) : descriptor_(socket(AF_UNIX, SOCK_STREAM, 0)) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    EXPECT_EQ(bind(descriptor_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  }
-  ~SocketFile() { close(descriptor_); }
-  SocketFile(const SocketFile&) = delete;
-  SocketFile& operator=(const SocketFile&) = delete;
-
- private:
-  int descriptor_;
 };
 
 using Writer = void (*)(const std::string&, std::string_view);
@@ -474,131 +414,6 @@ TEST_F(SafeWriting, LeavesOtherHardLinksAlone) {
   WriteFileSafely(path, "a new sail");
   EXPECT_EQ(BytesOf(path), "a new sail");
   EXPECT_EQ(BytesOf(folder.Path("copy.bv3")), "the old sail");
-}
-
-// --- Removing ----------------------------------------------------------------------------------
-
-TEST(RemoveOldFile, RemovesAFileAndIsContentWithoutOne) {
-  const TemporaryFolder folder;
-  PutBytes(folder.Path("a.txt"), "old");
-  RemoveOldFile(folder.Path("a.txt"));
-  EXPECT_EQ(folder.Entries(), 0U);
-  EXPECT_NO_THROW(RemoveOldFile(folder.Path("a.txt")));
-}
-
-TEST(RemoveOldFile, RemovesALinkAndNotItsTarget) {
-  const TemporaryFolder folder;
-  PutBytes(folder.Path("a.txt"), "old");
-  fs::create_symlink("a.txt", folder.Path("link"));
-  RemoveOldFile(folder.Path("link"));
-  EXPECT_EQ(folder.Entries(), 1U);
-  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "old");
-}
-
-TEST(RemoveOldFile, RefusesWhatIsNotOurs) {
-  const TemporaryFolder folder;
-  ExpectFault([&] { RemoveOldFile(folder.Path("")); }, IsAFolder, FileStep::Opening);
-  ExpectFault([] { RemoveOldFile("/dev/null"); }, NotARegularFile, FileStep::Opening);
-  ExpectFault([] { RemoveOldFile(""); }, NoSuchFolder, FileStep::Opening);
-  PutBytes(folder.Path("a.txt"), "old");
-  ASSERT_EQ(chmod(folder.Path("a.txt").c_str(), 0444), 0);
-  ExpectFault([&] { RemoveOldFile(folder.Path("a.txt")); }, ReadOnly, FileStep::Opening);
-  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "old");
-}
-
-TEST(RemoveOldFile, TellsWhyAFileStays) {
-  const TemporaryFolder folder;
-  PutBytes(folder.Path("a.txt"), "old");
-  {
-    const SystemFault gone(SystemCall::Unlink, ENOENT);  // somebody else was faster
-    EXPECT_NO_THROW(RemoveOldFile(folder.Path("a.txt")));
-  }
-  const SystemFault fault(SystemCall::Unlink, EACCES);
-  ExpectFault([&] { RemoveOldFile(folder.Path("a.txt")); }, NoPermission, FileStep::Opening);
-}
-
-// --- Reading -----------------------------------------------------------------------------------
-
-class Reading : public testing::Test {
- protected:
-  std::string ReadBytes(const std::string& bytes) {
-    PutBytes(folder.Path("a.txt"), bytes);
-    return ReadWholeFile(folder.Path("a.txt"));
-  }
-  TemporaryFolder folder;
-};
-
-TEST_F(Reading, TakesCodePage1252) {
-  EXPECT_EQ(ReadBytes("\xE9t\xE9\r\n"), "été\r\n");
-  EXPECT_EQ(ReadBytes(""), "");
-  EXPECT_EQ(ReadBytes(std::string("a\0b", 3)), std::string("a\0b", 3));
-}
-
-TEST_F(Reading, TakesUtf8BehindAByteOrderMark) {
-  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF"
-                      "été"),
-            "été");
-  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF\xE9t\xE9"), "été");
-  EXPECT_EQ(ReadBytes("\xEF\xBB\xBF"), "");
-}
-
-TEST_F(Reading, TakesAFileOfOneMebibyteAndNoMore) {
-  EXPECT_EQ(ReadBytes(std::string(kLargestFile, 'x')).size(), kLargestFile);
-  ExpectFault([&] { ReadBytes(std::string(kLargestFile + 1, 'x')); }, Other, FileStep::Reading);
-}
-
-// The system tells a size of 0 for files of its own, however much they hold.
-TEST_F(Reading, GoesByWhatComesRatherThanByTheSizeTold) {
-  EXPECT_FALSE(ReadWholeFile("/proc/self/maps").empty());
-  const std::string large = "/proc/kallsyms";
-  if (BytesOf(large).size() <= kLargestFile) GTEST_SKIP() << "no large file of the system's here";
-  ExpectFault([&] { ReadWholeFile(large); }, Other, FileStep::Reading);
-}
-
-TEST_F(Reading, RefusesWhatIsNoRegularFile) {
-  ExpectFault([&] { ReadWholeFile(folder.Path("")); }, IsAFolder, FileStep::Opening);
-  ExpectFault([] { ReadWholeFile("/dev/zero"); }, NotARegularFile, FileStep::Opening);
-  ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0666), 0);
-  ExpectFault([&] { ReadWholeFile(folder.Path("pipe")); }, NotARegularFile, FileStep::Opening);
-  const SocketFile socket(folder.Path("socket"));
-  ExpectFault([&] { ReadWholeFile(folder.Path("socket")); }, NotARegularFile, FileStep::Opening);
-}
-
-TEST_F(Reading, TellsWhyAFileCannotBeOpened) {
-  ExpectFault([&] { ReadWholeFile(folder.Path("none")); }, NoSuchFolder, FileStep::Opening);
-  ExpectFault([] { ReadWholeFile(""); }, NoSuchFolder, FileStep::Opening);
-  PutBytes(folder.Path("a.txt"), "x");
-  const SystemFault fault(SystemCall::Open, EACCES);
-  ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, NoPermission, FileStep::Opening);
-}
-
-TEST_F(Reading, TellsAFailingReadAndStatus) {
-  PutBytes(folder.Path("a.txt"), "x");
-  {
-    const SystemFault fault(SystemCall::Read, EIO);
-    ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, Other, FileStep::Reading);
-  }
-  const SystemFault fault(SystemCall::Status, EIO);
-  ExpectFault([&] { ReadWholeFile(folder.Path("a.txt")); }, Other, FileStep::Opening);
-}
-
-TEST_F(Reading, GoesOnAfterAnInterruptedRead) {
-  PutBytes(folder.Path("a.txt"), "whole");
-  const SystemFault fault(SystemCall::Read, EINTR, 0, 2);
-  EXPECT_EQ(ReadWholeFile(folder.Path("a.txt")), "whole");
-  EXPECT_EQ(fault.Struck(), 2);
-}
-
-TEST_F(Reading, FollowsALink) {
-  PutBytes(folder.Path("a.txt"), "whole");
-  fs::create_symlink("a.txt", folder.Path("link"));
-  EXPECT_EQ(ReadWholeFile(folder.Path("link")), "whole");
-}
-
-TEST_F(Reading, ReturnsWhatWasWritten) {
-  const std::string text = "Génois €\r\n\r\n 1\r\n";
-  WriteFileSafely(folder.Path("a.txt"), text);
-  EXPECT_EQ(ReadWholeFile(folder.Path("a.txt")), text);
 }
 
 }  // namespace
