@@ -6,6 +6,7 @@
 #include "panels/design_pass.h"
 #include "ui/desk.h"
 #include "ui/qt_text.h"
+#include "ui/texts.h"
 
 using namespace brivane;
 
@@ -19,6 +20,7 @@ class MouldWindowTest : public QObject {
   void LuffShapeFollowsItsBar();
   void TopLeechBarStaysAboveTheMiddleOne();
   void DepthPositionFollowsItsBar();
+  void ManualsTellTheRangesOfTheBars();
   void DepthIsLimited();
   void EveryMoveIsDrawnAtOnce();
   void ValuesBeyondABarAreKept();
@@ -128,6 +130,35 @@ void MouldWindowTest::DepthPositionFollowsItsBar() {
   window.VScroll3->setValue(6);
   QCOMPARE(Definition().DepthPosition, 6.0);
   QCOMPARE(window.DepthPositionValue->text(), "6");
+}
+
+/// A line "- **caption**, least to most: ..." of each manual.
+void MouldWindowTest::ManualsTellTheRangesOfTheBars() {
+  Desk desk;
+  OpenMould(desk);
+  SailForm& window = desk.Mould();
+  struct Row {
+    BilingualText Caption;
+    const QScrollBar* Bar;
+    double Steps;  ///< of the bar to 1
+  };
+  const Row rows[] = {{texts::kLuffSide, window.VScroll1[0], 10},
+                      {texts::kLeechSide, window.VScroll2[0], 500},
+                      {texts::kDepthPosition, window.VScroll3, 1}};
+  for (const auto& [folder, between] : {std::pair{"en", "to"}, {"fr", "à"}}) {
+    QFile manual(QString(BRIVANE_SOURCE_DIR "/docs/manual/%1/README.md").arg(folder));
+    QVERIFY(manual.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(manual.readAll()).replace("0,", "0.");
+    for (const Row& row : rows) {
+      const bool isEnglish = folder == std::string_view("en");
+      const QString line = QString("- **%1**, %2 %3 %4")
+                               .arg(ToQt(isEnglish ? row.Caption.English : row.Caption.French))
+                               .arg(row.Bar->minimum() / row.Steps)
+                               .arg(between)
+                               .arg(row.Bar->maximum() / row.Steps);
+      QVERIFY2(text.contains(line), qPrintable(line));
+    }
+  }
 }
 
 void MouldWindowTest::DepthIsLimited() {
