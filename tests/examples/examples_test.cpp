@@ -8,13 +8,13 @@
 #include "examples/example_sails.h"
 #include "export/patch_files.h"
 #include "export/save_kinds.h"
-#include "export/scratch_folder.h"
 #include "geometry/outline.h"
 #include "model/dimension_rules.h"
 #include "model/sail_file.h"
 #include "model/text_file.h"
 #include "panels/design_pass.h"
 #include "patches/patch_outline.h"
+#include "support/temporary_folder.h"
 
 // Every sail of the folder "examples" opens, lays out and exports.
 
@@ -137,7 +137,7 @@ TEST(Examples, SeamsThatAreJoinedAreEquallyLong) {
 }
 
 /// Every file of the folder holds a text of some length, with no number that is none.
-void ExpectSoundFiles(const ScratchFolder& folder) {
+void ExpectSoundFiles(const TemporaryFolder& folder) {
   for (const auto& entry : fs::directory_iterator(folder.Path())) {
     const std::string text = ReadWholeFile(entry.path().string());
     EXPECT_GT(text.size(), 100u) << entry.path();
@@ -152,13 +152,13 @@ TEST(Examples, EverySailExportsInEveryKind) {
     Sail sail = Opened(path);
     ASSERT_EQ(DesignPass(sail).End, DesignEnd::Fitted);
     const auto panels = static_cast<std::size_t>(sail.Definition.PanelCount);
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     for (const SaveKind kind : kAllKinds) {
       const std::string name = ProposedName(kind, sail.Definition.SailName);
       const SaveOutcome outcome = SaveSail(kind, sail, folder / name, Language::English, ',');
       EXPECT_TRUE(outcome.Saved()) << name;
     }
-    EXPECT_EQ(folder.FileCount(), 5 + panels);
+    EXPECT_EQ(folder.Entries(), 5 + panels);
     ExpectSoundFiles(folder);
     EXPECT_EQ(Opened(folder / (sail.Definition.SailName + ".bv3")).Definition.PanelCount,
               sail.Definition.PanelCount);
@@ -170,10 +170,10 @@ TEST(Examples, EverySailHasItsPatches) {
     SCOPED_TRACE(path);
     Sail sail = Opened(path);
     ASSERT_EQ(DesignPass(sail).End, DesignEnd::Fitted);
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     EXPECT_TRUE(SavePatchPlotterFile(sail, folder.Path(), Language::French, ',').Saved());
     EXPECT_TRUE(SavePatchDxfFiles(sail, folder.Path(), Language::French, ',').Saved());
-    EXPECT_EQ(folder.FileCount(), IsTriangular(sail.Definition) ? 1u + 6u : 1u + 8u);
+    EXPECT_EQ(folder.Entries(), IsTriangular(sail.Definition) ? 1u + 6u : 1u + 8u);
     ExpectSoundFiles(folder);
   }
 }

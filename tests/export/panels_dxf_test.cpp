@@ -10,9 +10,9 @@
 
 #include "export/dxf_entities.h"
 #include "model/failures.h"
-#include "scratch_folder.h"
 #include "small_sail.h"
 #include "support/file_size_limit.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {
@@ -126,11 +126,11 @@ TEST(PanelsDxf, NamesCountFromOneWithTwoDigits) {
 }
 
 TEST(PanelsDxf, WritesTheFilesItNames) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   const Sail sail = SmallSail();
   const SaveOutcome outcome = ePanelDXF(sail, folder / "M.dxf", Language::English, '.');
   ASSERT_TRUE(outcome.Saved());
-  EXPECT_EQ(folder.FileCount(), 3u);
+  EXPECT_EQ(folder.Entries(), 3u);
   const std::vector<ExportFile> files = PanelDxfFiles(sail, folder / "M.dxf", '.');
   ASSERT_EQ(files.size(), 3u);
   for (int p = 0; p < kSmallPanels; ++p) {
@@ -141,7 +141,7 @@ TEST(PanelsDxf, WritesTheFilesItNames) {
 }
 
 TEST(PanelsDxf, ConfirmationNamesTheSailInBothLanguages) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   sail.Definition.SailName = "Main";
   const SaveOutcome english = ePanelDXF(sail, folder / "other.dxf", Language::English, '.');
@@ -157,38 +157,38 @@ TEST(PanelsDxf, ConfirmationNamesTheSailInBothLanguages) {
 }
 
 TEST(PanelsDxf, NoPanelWritesNothingAndConfirms) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   sail.Definition.PanelCount = 0;
   const SaveOutcome outcome = ePanelDXF(sail, folder / "M.dxf", Language::English, '.');
   EXPECT_TRUE(outcome.Saved());
-  EXPECT_EQ(folder.FileCount(), 0u);
+  EXPECT_EQ(folder.Entries(), 0u);
   ASSERT_TRUE(outcome.Confirmation);
   EXPECT_NE(outcome.Confirmation->Text.find("_Panel00.DXF"), std::string::npos);
   EXPECT_TRUE(PanelDxfPaths(sail, folder / "M.dxf").empty());
 }
 
 TEST(PanelsDxf, OnePanelAndSeventy) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail;
   sail.Definition.PanelCount = 1;
   EXPECT_TRUE(ePanelDXF(sail, folder / "one.dxf", Language::English, '.').Saved());
-  EXPECT_EQ(folder.FileCount(), 1u);
+  EXPECT_EQ(folder.Entries(), 1u);
   sail.Definition.PanelCount = 70;
   EXPECT_TRUE(ePanelDXF(sail, folder / "many.dxf", Language::English, '.').Saved());
-  EXPECT_EQ(folder.FileCount(), 71u);
+  EXPECT_EQ(folder.Entries(), 71u);
   EXPECT_EQ(LineOf(BytesOf(folder / "many_Panel70.DXF"), 2), "Brivane 2000 - panel 70 ");
 }
 
 TEST(PanelsDxf, ReplacesAnOlderFileWhole) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::ofstream(folder / "M_Panel01.DXF") << std::string(40000, 'x');
   EXPECT_TRUE(ePanelDXF(SmallSail(), folder / "M.dxf", Language::English, '.').Saved());
   EXPECT_EQ(BytesOf(folder / "M_Panel01.DXF"), GoldenBytes("small_Panel01.DXF"));
 }
 
 TEST(PanelsDxf, MissingFolder) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   const SaveOutcome outcome =
       ePanelDXF(SmallSail(), folder / "missing/M.dxf", Language::English, '.');
   ASSERT_TRUE(outcome.Failure);
@@ -198,17 +198,17 @@ TEST(PanelsDxf, MissingFolder) {
 }
 
 TEST(PanelsDxf, AFolderInTheWayStopsAndKeepsTheFilesBeforeIt) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::filesystem::create_directory(folder / "M_Panel02.DXF");
   const SaveOutcome outcome = ePanelDXF(SmallSail(), folder / "M.dxf", Language::French, '.');
   ASSERT_TRUE(outcome.Failure);
   EXPECT_EQ(outcome.Failure->Text, kPathAccess);
   EXPECT_EQ(BytesOf(folder / "M_Panel01.DXF"), GoldenBytes("small_Panel01.DXF"));
-  EXPECT_EQ(folder.FileCount(), 2u);
+  EXPECT_EQ(folder.Entries(), 2u);
 }
 
 TEST(PanelsDxf, ReadOnlyFile) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::ofstream(folder / "M_Panel01.DXF") << "old";
   std::filesystem::permissions(folder / "M_Panel01.DXF", std::filesystem::perms::owner_read);
   const SaveOutcome outcome = ePanelDXF(SmallSail(), folder / "M.dxf", Language::English, '.');
@@ -218,7 +218,7 @@ TEST(PanelsDxf, ReadOnlyFile) {
 }
 
 TEST(PanelsDxf, FullDiskNamesPanelFromZeroAndStage) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::filesystem::create_symlink("/dev/full", folder / "M_Panel02.DXF");
   const SaveOutcome outcome = ePanelDXF(SmallSail(), folder / "M.dxf", Language::English, '.');
   ASSERT_TRUE(outcome.Failure);
@@ -256,7 +256,7 @@ TEST(PanelsDxf, DiskFullAtEveryStage) {
                                         {"Lower line", lower}, {"Lower line", closing - 1},
                                         {"Closing", closing},  {"Closing", text.size() - 1}};
   for (const StageCase& example : cases) {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     SaveOutcome outcome;
     {
       const FileSizeLimit limit(example.Offset);
@@ -271,14 +271,14 @@ TEST(PanelsDxf, DiskFullAtEveryStage) {
 }
 
 TEST(PanelsDxf, APointThatIsNotFiniteIsNeverWritten) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   sail.Panels.PanelUpperY(2, 20) = std::numeric_limits<double>::infinity();
   const SaveOutcome outcome = ePanelDXF(sail, folder / "M.dxf", Language::English, '.');
   ASSERT_TRUE(outcome.Failure);
   EXPECT_EQ(outcome.Failure->Title, kFailureTitle);
   EXPECT_EQ(outcome.Failure->Text.substr(0, 20), "Panel 02 Upper line\n");
-  EXPECT_EQ(folder.FileCount(), 2u);
+  EXPECT_EQ(folder.Entries(), 2u);
 }
 
 TEST(PanelsDxf, APanelBeyondTheTablesIsOutOfRange) {

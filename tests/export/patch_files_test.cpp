@@ -10,9 +10,9 @@
 #include <system_error>
 
 #include "model/text_file.h"
-#include "scratch_folder.h"
 #include "small_sail.h"
 #include "support/file_size_limit.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {
@@ -57,21 +57,21 @@ TEST(PatchPlotter, NoPeakWithoutAGaff) {
 }
 
 TEST(PatchPlotter, WritingTwiceLeavesOneNewFile) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::ofstream(folder / "Patches.bp4") << std::string(50000, 'x');
   std::filesystem::create_hard_link(folder / "Patches.bp4", folder / "kept");
   for (int time = 0; time < 2; ++time) {
     EXPECT_TRUE(
         SavePatchPlotterFile(StraightSail(), folder.Path(), Language::English, '.').Saved());
     EXPECT_EQ(BytesOf(folder / "Patches.bp4"), GoldenBytes("Patches.bp4"));
-    EXPECT_EQ(folder.FileCount(), 2u);
+    EXPECT_EQ(folder.Entries(), 2u);
   }
   // The earlier file was deleted, not written over.
   EXPECT_EQ(BytesOf(folder / "kept").size(), 50000u);
 }
 
 TEST(PatchPlotter, ConfirmationInBothLanguages) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   const auto confirm = [&](Language language) {
     return SavePatchPlotterFile(StraightSail(), folder.Path(), language, '.').Confirmation.value();
   };
@@ -83,7 +83,7 @@ TEST(PatchPlotter, ConfirmationInBothLanguages) {
 }
 
 TEST(PatchPlotter, Failures) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   const auto failure = [&](const std::string& where) {
     const SaveOutcome outcome = SavePatchPlotterFile(StraightSail(), where, Language::English, '.');
     EXPECT_FALSE(outcome.Confirmation);
@@ -130,18 +130,18 @@ TEST(PatchDxf, EightNamesOrSix) {
 }
 
 TEST(PatchDxf, WritesTheFilesItNames) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   EXPECT_TRUE(SavePatchDxfFiles(StraightSail(), folder.Path(), Language::English, '.').Saved());
-  EXPECT_EQ(folder.FileCount(), 8u);
+  EXPECT_EQ(folder.Entries(), 8u);
   for (const ExportFile& file : PatchDxfFiles(StraightSail(), folder.Path(), '.'))
     EXPECT_EQ(BytesOf(file.Path), file.Text);
-  const ScratchFolder other;
+  const TemporaryFolder other;
   EXPECT_TRUE(SavePatchDxfFiles(SailWithoutGaff(), other.Path(), Language::English, '.').Saved());
-  EXPECT_EQ(other.FileCount(), 6u);
+  EXPECT_EQ(other.Entries(), 6u);
 }
 
 TEST(PatchDxf, ConfirmationInBothLanguages) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   const auto confirm = [&](const Sail& sail, Language language) {
     return SavePatchDxfFiles(sail, folder.Path(), language, '.').Confirmation.value();
   };
@@ -166,7 +166,7 @@ TEST(PatchDxf, ConfirmationInBothLanguages) {
 }
 
 TEST(PatchDxf, AFailureKeepsTheFilesBeforeIt) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::filesystem::create_directory(folder / "Patch_tack01.dxf");
   const SaveOutcome outcome =
       SavePatchDxfFiles(StraightSail(), folder.Path(), Language::French, '.');
@@ -175,11 +175,11 @@ TEST(PatchDxf, AFailureKeepsTheFilesBeforeIt) {
   EXPECT_EQ(outcome.Failure->Text, kPathAccess);
   EXPECT_FALSE(outcome.Confirmation);
   EXPECT_EQ(BytesOf(folder / "Patch_clew01.dxf"), GoldenBytes("Patch_clew01.dxf"));
-  EXPECT_EQ(folder.FileCount(), 4u);
+  EXPECT_EQ(folder.Entries(), 4u);
 }
 
 TEST(PatchDxf, FullDisk) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   std::filesystem::create_symlink("/dev/full", folder / "Patch_clew00.dxf");
   const SaveOutcome outcome =
       SavePatchDxfFiles(StraightSail(), folder.Path(), Language::English, '.');
@@ -188,12 +188,12 @@ TEST(PatchDxf, FullDisk) {
 }
 
 TEST(PatchDxf, NothingIsWrittenOfASailThatIsNotFinite) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = StraightSail();
   sail.Definition.LeechRound = std::numeric_limits<double>::quiet_NaN();
   EXPECT_TRUE(SavePatchDxfFiles(sail, folder.Path(), Language::English, '.').Failure);
   EXPECT_TRUE(SavePatchPlotterFile(sail, folder.Path(), Language::English, '.').Failure);
-  EXPECT_EQ(folder.FileCount(), 0u);
+  EXPECT_EQ(folder.Entries(), 0u);
 }
 
 }  // namespace

@@ -8,9 +8,9 @@
 #include <limits>
 #include <system_error>
 
-#include "scratch_folder.h"
 #include "small_sail.h"
 #include "support/file_size_limit.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {
@@ -125,7 +125,7 @@ TEST(SaveKinds, TitleOfAPath) {
 }
 
 TEST(SaveKinds, FilesToWriteAndToReplace) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   for (const KindCase& example : kKindCases) {
     if (example.Kind == SaveKind::PanelsDxf) continue;
@@ -143,20 +143,20 @@ TEST(SaveKinds, FilesToWriteAndToReplace) {
 
 TEST(SaveKinds, EveryKindWritesTheFilesItNamedAndRenamesTheSail) {
   for (const SaveKind kind : kAllKinds) {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     Sail sail = SmallSail();
     const std::vector<std::string> named = FilesToWrite(kind, sail, folder / "Main");
     const SaveOutcome outcome = SaveSail(kind, sail, folder / "Main", Language::English, '.');
     EXPECT_TRUE(outcome.Saved());
     EXPECT_EQ(sail.Definition.SailName, "Main");
-    EXPECT_EQ(folder.FileCount(), named.size());
+    EXPECT_EQ(folder.Entries(), named.size());
     for (const std::string& file : named) EXPECT_FALSE(BytesOf(file).empty()) << file;
     EXPECT_EQ(outcome.Confirmation.has_value(), kind == SaveKind::PanelsDxf);
   }
 }
 
 TEST(SaveKinds, ContentsUnderTheChosenName) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   const auto save = [&](SaveKind kind, const std::string& name) {
     EXPECT_TRUE(SaveSail(kind, sail, folder / name, Language::English, '.').Saved());
@@ -176,7 +176,7 @@ TEST(SaveKinds, ContentsUnderTheChosenName) {
 }
 
 TEST(SaveKinds, TheNextSaveOffersTheNewName) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail;
   EXPECT_TRUE(
       SaveSail(SaveKind::SailData, sail, folder / "Main.bv3", Language::French, ',').Saved());
@@ -185,7 +185,7 @@ TEST(SaveKinds, TheNextSaveOffersTheNewName) {
 }
 
 TEST(SaveKinds, PanelsUnderANameWithTwoPoints) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   const SaveOutcome outcome =
       SaveSail(SaveKind::PanelsDxf, sail, folder / "Main.old.dxf", Language::English, '.');
@@ -197,7 +197,7 @@ TEST(SaveKinds, PanelsUnderANameWithTwoPoints) {
 }
 
 TEST(SaveKinds, RegionalMarkReachesTheWriter) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   EXPECT_TRUE(
       SaveSail(SaveKind::PanelsXY, sail, folder / "Essai \u00e9t\u00e9.xyz", Language::French, ',')
@@ -207,7 +207,7 @@ TEST(SaveKinds, RegionalMarkReachesTheWriter) {
 }
 
 TEST(SaveKinds, MissingFolderUnderTheTitleOfItsWriter) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   for (const KindCase& example : kKindCases) {
     Sail sail = SmallSail();
     const SaveOutcome outcome =
@@ -218,12 +218,12 @@ TEST(SaveKinds, MissingFolderUnderTheTitleOfItsWriter) {
     EXPECT_FALSE(outcome.Confirmation);
     EXPECT_EQ(sail.Definition.SailName, "Main");
   }
-  EXPECT_EQ(folder.FileCount(), 0u);
+  EXPECT_EQ(folder.Entries(), 0u);
 }
 
 TEST(SaveKinds, AFolderAndAReadOnlyFileAreInvalidPaths) {
   for (const KindCase& example : kKindCases) {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     Sail sail = SmallSail();
     const std::string target = FilesToWrite(example.Kind, sail, folder / "Main").front();
     std::filesystem::create_directory(target);
@@ -241,7 +241,7 @@ TEST(SaveKinds, AFolderAndAReadOnlyFileAreInvalidPaths) {
 TEST(SaveKinds, AFullDiskShowsTheSystemsWordsAndLeavesWhatWasWritten) {
   for (const KindCase& example : kKindCases) {
     if (example.Kind == SaveKind::PanelsDxf) continue;
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     Sail sail = SmallSail();
     SaveOutcome outcome;
     {
@@ -259,7 +259,7 @@ TEST(SaveKinds, AFullDiskShowsTheSystemsWordsAndLeavesWhatWasWritten) {
 }
 
 TEST(SaveKinds, AFullDevice) {
-  const ScratchFolder folder;
+  const TemporaryFolder folder;
   Sail sail = SmallSail();
   std::filesystem::create_symlink("/dev/full", folder / "Main.xyz");
   const SaveOutcome outcome =
@@ -271,7 +271,7 @@ TEST(SaveKinds, AFullDevice) {
 TEST(SaveKinds, ASailThatIsNotFiniteIsRefusedInTheLanguageAndTouchesNoFile) {
   for (const SaveKind kind :
        {SaveKind::PanelsXY, SaveKind::Plotter, SaveKind::Vrml1, SaveKind::Vrml2}) {
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     Sail sail = SmallSail();
     const std::string target = FilesToWrite(kind, sail, folder / "Main").front();
     std::ofstream(target) << "old";

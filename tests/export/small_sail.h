@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/sail.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 
@@ -77,12 +78,6 @@ inline Sail StraightSail() {
   definition.LuffRound = definition.LeechRound = definition.FootRound = 0;
   definition.GaffRound = 0;
   return sail;
-}
-
-/// The bytes of a file; empty where there is none.
-inline std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 inline std::string GoldenBytes(const std::string& name) {

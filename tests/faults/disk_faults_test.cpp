@@ -16,7 +16,7 @@
 #include "faults/findings.h"
 #include "faults/savers.h"
 #include "model/failures.h"
-#include "model/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 // Saving to disks and under names that do not take a file, each in a process of its own.
 

@@ -10,7 +10,7 @@
 
 #include "faults/savers.h"
 #include "faults/system_calls.h"
-#include "model/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 // Each system call that a saving makes fails in turn, in every way it can, once and for good, until
 // a saving is through untouched.

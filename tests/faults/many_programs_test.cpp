@@ -16,8 +16,8 @@
 
 #include "faults/savers.h"
 #include "model/sail_file.h"
-#include "model/temporary_folder.h"
 #include "model/text_file.h"
+#include "support/temporary_folder.h"
 
 // Programs that are killed while they save, and several that save at once.
 

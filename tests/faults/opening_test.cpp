@@ -16,8 +16,8 @@
 #include "model/failures.h"
 #include "model/file_lines.h"
 #include "model/sail_file.h"
-#include "model/temporary_folder.h"
 #include "panels/design_pass.h"
+#include "support/temporary_folder.h"
 
 // Whatever a file holds, opening it comes to an answer, and soon.
 

@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "export/patch_files.h"
-#include "model/temporary_folder.h"
 #include "panels/design_pass.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

@@ -14,6 +14,8 @@
 #include <optional>
 #include <system_error>
 
+#include "support/direct_calls.h"
+
 namespace {
 
 using brivane::CallEffect;
@@ -143,6 +145,8 @@ const std::vector<int>& ErrorsOf(const std::string& name) {
 
 }  // namespace brivane
 
+namespace direct = brivane::direct;
+
 extern "C" {
 
 int open(const char* path, int flags, ...) {
@@ -150,38 +154,33 @@ int open(const char* path, int flags, ...) {
   va_start(arguments, flags);
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
-  return Watched(
-      "open", [&] { return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode)); });
+  return Watched("open", [&] { return direct::Open(path, flags, mode); });
 }
 
 ssize_t write(int descriptor, const void* buffer, std::size_t count) {
   return Watched("write", [&]() -> ssize_t {
-    return syscall(SYS_write, descriptor, buffer, std::min(count, mostTaken));
+    return direct::Write(descriptor, buffer, std::min(count, mostTaken));
   });
 }
 
 int fsync(int descriptor) {
-  return Watched("fsync", [&] { return static_cast<int>(syscall(SYS_fsync, descriptor)); });
+  return Watched("fsync", [&] { return direct::Flush(descriptor); });
 }
 
 int close(int descriptor) {
-  return Watched("close", [&] { return static_cast<int>(syscall(SYS_close, descriptor)); });
+  return Watched("close", [&] { return direct::Close(descriptor); });
 }
 
 int ftruncate(int descriptor, off_t length) noexcept {
-  return Watched("ftruncate",
-                 [&] { return static_cast<int>(syscall(SYS_ftruncate, descriptor, length)); });
+  return Watched("ftruncate", [&] { return direct::Truncate(descriptor, length); });
 }
 
 int rename(const char* from, const char* to) noexcept {
-  return Watched("rename", [&] {
-    return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
-  });
+  return Watched("rename", [&] { return direct::Rename(from, to); });
 }
 
 int unlink(const char* path) noexcept {
-  return Watched("unlink",
-                 [&] { return static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0)); });
+  return Watched("unlink", [&] { return direct::Unlink(path); });
 }
 
 ssize_t readlink(const char* path, char* buffer, std::size_t size) noexcept {
@@ -191,12 +190,11 @@ ssize_t readlink(const char* path, char* buffer, std::size_t size) noexcept {
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
-  return Watched("fchmod", [&] { return static_cast<int>(syscall(SYS_fchmod, descriptor, mode)); });
+  return Watched("fchmod", [&] { return direct::ChangeMode(descriptor, mode); });
 }
 
 int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
-  return Watched("fchown",
-                 [&] { return static_cast<int>(syscall(SYS_fchown, descriptor, owner, group)); });
+  return Watched("fchown", [&] { return direct::ChangeOwner(descriptor, owner, group); });
 }
 
 int stat(const char* path, struct stat* status) noexcept {
@@ -208,13 +206,11 @@ int lstat(const char* path, struct stat* status) noexcept {
 }
 
 int fstat(int descriptor, struct stat* status) noexcept {
-  return Watched("fstat", [&] { return fstatat(descriptor, "", status, AT_EMPTY_PATH); });
+  return Watched("fstat", [&] { return direct::Status(descriptor, status); });
 }
 
 int faccessat(int folder, const char* path, int mode, int flags) noexcept {
-  return Watched("faccessat", [&] {
-    return static_cast<int>(syscall(SYS_faccessat2, folder, path, mode, flags));
-  });
+  return Watched("faccessat", [&] { return direct::Access(folder, path, mode, flags); });
 }
 
 int fcntl(int descriptor, int command, ...) {
@@ -222,8 +218,7 @@ int fcntl(int descriptor, int command, ...) {
   va_start(arguments, command);
   const long argument = va_arg(arguments, long);
   va_end(arguments);
-  return Watched(
-      "fcntl", [&] { return static_cast<int>(syscall(SYS_fcntl, descriptor, command, argument)); });
+  return Watched("fcntl", [&] { return direct::Control(descriptor, command, argument); });
 }
 
 }  // extern "C"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fuzz/targets.h"
-#include "model/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 // Replays what the fuzzer starts from and what it once found.
 

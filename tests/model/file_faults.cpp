@@ -1,15 +1,12 @@
 #include "model/file_faults.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <limits>
+
+#include "support/direct_calls.h"
 
 namespace {
 
@@ -53,6 +50,7 @@ ShortWrites::~ShortWrites() { mostBytes = std::numeric_limits<std::size_t>::max(
 }  // namespace brivane
 
 using brivane::SystemCall;
+namespace direct = brivane::direct;
 
 extern "C" {
 
@@ -62,58 +60,58 @@ int open(const char* path, int flags, ...) {
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   if (Strikes(SystemCall::Open)) return -1;
-  return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+  return direct::Open(path, flags, mode);
 }
 
 ssize_t read(int descriptor, void* buffer, std::size_t count) {
   if (Strikes(SystemCall::Read)) return -1;
-  return syscall(SYS_read, descriptor, buffer, count);
+  return direct::Read(descriptor, buffer, count);
 }
 
 ssize_t write(int descriptor, const void* buffer, std::size_t count) {
   if (Strikes(SystemCall::Write)) return -1;
   if (mostBytes == 0) return 0;
-  return syscall(SYS_write, descriptor, buffer, std::min(count, mostBytes));
+  return direct::Write(descriptor, buffer, std::min(count, mostBytes));
 }
 
 int fsync(int descriptor) {
   if (Strikes(SystemCall::Flush)) return -1;
-  return static_cast<int>(syscall(SYS_fsync, descriptor));
+  return direct::Flush(descriptor);
 }
 
 int close(int descriptor) {
-  const int result = static_cast<int>(syscall(SYS_close, descriptor));
+  const int result = direct::Close(descriptor);
   return Strikes(SystemCall::Close) ? -1 : result;
 }
 
 int rename(const char* from, const char* to) noexcept {
   if (Strikes(SystemCall::Rename)) return -1;
-  return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+  return direct::Rename(from, to);
 }
 
 int unlink(const char* path) noexcept {
   if (Strikes(SystemCall::Unlink)) return -1;
-  return static_cast<int>(syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+  return direct::Unlink(path);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
   if (Strikes(SystemCall::ChangeMode)) return -1;
-  return static_cast<int>(syscall(SYS_fchmod, descriptor, mode));
+  return direct::ChangeMode(descriptor, mode);
 }
 
 int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
   if (Strikes(SystemCall::ChangeOwner)) return -1;
-  return static_cast<int>(syscall(SYS_fchown, descriptor, owner, group));
+  return direct::ChangeOwner(descriptor, owner, group);
 }
 
 int fstat(int descriptor, struct stat* status) noexcept {
   if (Strikes(SystemCall::Status)) return -1;
-  return fstatat(descriptor, "", status, AT_EMPTY_PATH);
+  return direct::Status(descriptor, status);
 }
 
 int faccessat(int folder, const char* path, int mode, int flags) noexcept {
   if (Strikes(SystemCall::Access)) return -1;
-  return static_cast<int>(syscall(SYS_faccessat2, folder, path, mode, flags));
+  return direct::Access(folder, path, mode, flags);
 }
 
 int fcntl(int descriptor, int command, ...) {
@@ -122,7 +120,7 @@ int fcntl(int descriptor, int command, ...) {
   const long argument = va_arg(arguments, long);
   va_end(arguments);
   if (Strikes(SystemCall::Control)) return -1;
-  return static_cast<int>(syscall(SYS_fcntl, descriptor, command, argument));
+  return direct::Control(descriptor, command, argument);
 }
 
 }  // extern "C"

@@ -5,7 +5,7 @@
 #include "model/failures.h"
 #include "model/file_lines.h"
 #include "model/sail_file.h"
-#include "model/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 // The older file generation, ".bv4".
 

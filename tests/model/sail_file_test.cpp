@@ -9,7 +9,7 @@
 
 #include "model/failures.h"
 #include "model/file_lines.h"
-#include "model/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

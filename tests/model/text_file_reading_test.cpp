@@ -9,8 +9,8 @@
 #include "model/failures.h"
 #include "model/file_checks.h"
 #include "model/file_faults.h"
-#include "model/temporary_folder.h"
 #include "model/text_file.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

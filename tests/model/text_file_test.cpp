@@ -14,8 +14,8 @@
 #include "model/failures.h"
 #include "model/file_checks.h"
 #include "model/file_faults.h"
-#include "model/temporary_folder.h"
 #include "support/file_size_limit.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

@@ -14,9 +14,9 @@
 #include "model/code_page.h"
 #include "model/failures.h"
 #include "model/sail_file.h"
-#include "model/temporary_folder.h"
 #include "patches/patch_outline.h"
 #include "properties/export_readers.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

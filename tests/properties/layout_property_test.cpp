@@ -7,11 +7,11 @@
 #include <map>
 
 #include "model/failures.h"
-#include "model/temporary_folder.h"
 #include "panels/design_pass.h"
 #include "properties/export_checks.h"
 #include "properties/layout_invariants.h"
 #include "properties/random_sails.h"
+#include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {

@@ -26,7 +26,9 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
+  std::string Path() const { return path_.string(); }
   std::string Path(const std::string& name) const { return (path_ / name).string(); }
+  std::string operator/(const std::string& name) const { return Path(name); }
 
   /// How many entries it holds, hidden ones too.
   std::size_t Entries() const {
