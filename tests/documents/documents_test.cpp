@@ -85,6 +85,15 @@ TEST(Documents, NoPictureIsLeftOver) {
     EXPECT_NE(all.find(entry.path().filename().string()), std::string::npos) << entry.path();
 }
 
+TEST(Documents, ArchitectureNamesEveryHeader) {
+  const std::string text = TextOf(Root() / "docs" / "architecture.md");
+  for (const auto& entry : fs::recursive_directory_iterator(Root() / "src"))
+    if (entry.path().extension() == ".h") {
+      const std::string topic = entry.path().stem().string();
+      EXPECT_NE(text.find("`" + topic + "`"), std::string::npos) << entry.path();
+    }
+}
+
 /// The pictures of the program that a software centre shows are those of the documents.
 TEST(Documents, EveryPictureOfTheMetainfoStands) {
   const std::string text = TextOf(Root() / "packaging" / "org.brivane.brivane.metainfo.xml.in");

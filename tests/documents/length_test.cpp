@@ -36,17 +36,34 @@ bool HasReason(const std::vector<std::string>& lines, std::size_t from, std::siz
   return false;
 }
 
-/// The functions of a file in the tree's own style that are too long and do not say why, each as
-/// "line: words". A body ends at the first brace that stands under its head.
+/// Whether the line is the head of a function in Python.
+bool DefinesFunction(const std::string& line) {
+  static const std::regex pattern(" *def \\w+\\(.*");
+  return std::regex_match(line, pattern);
+}
+
+/// The line behind the function whose head is given: a body in braces ends with the first one that
+/// stands under its head, an indented one before the next words that stand as far left as it.
+std::size_t EndOfFunction(const std::vector<std::string>& lines, std::size_t head) {
+  const std::size_t indent = Indent(lines[head]);
+  const bool isIndented = DefinesFunction(lines[head]);
+  const std::string closing = std::string(indent, ' ') + "}";
+  std::size_t end = head + 1;
+  for (; end < lines.size(); ++end) {
+    if (!isIndented && lines[end].starts_with(closing)) return end + 1;
+    if (isIndented && !lines[end].empty() && Indent(lines[end]) <= indent) break;
+  }
+  while (isIndented && lines[end - 1].empty()) --end;
+  return isIndented ? end : head;  // a brace that nothing closes is no function's
+}
+
+/// The functions of a file that are too long and do not say why, each as "line: words".
 std::vector<std::string> LongFunctions(const std::vector<std::string>& lines) {
   std::vector<std::string> found;
   for (std::size_t head = 0; head < lines.size(); ++head) {
-    if (!OpensFunction(lines[head])) continue;
-    const std::string closing = std::string(Indent(lines[head]), ' ') + "}";
-    std::size_t last = head + 1;
-    while (last < lines.size() && !lines[last].starts_with(closing)) ++last;
-    if (last == lines.size() || last - head + 1 <= kLongestFunction) continue;
-    if (HasReason(lines, head, last)) continue;
+    if (!OpensFunction(lines[head]) && !DefinesFunction(lines[head])) continue;
+    const std::size_t end = EndOfFunction(lines, head);
+    if (end <= head + kLongestFunction || HasReason(lines, head, end)) continue;
     found.push_back(std::to_string(head + 1) + ": " + lines[head]);
   }
   return found;
@@ -94,6 +111,12 @@ TEST(Length, LongFunctionsAreFound) {
   EXPECT_EQ(LongFunctions(function("  int Count() const {", 61, "")).size(), 1u);
   EXPECT_EQ(LongFunctions(function("TEST(Topic, Name) {", 61, "")).size(), 1u);
   EXPECT_EQ(LongFunctions(function("Finish() {", 61, "")).size(), 1u);
+  std::vector<std::string> indented = {"def take():"};
+  indented.resize(60, "  step()");
+  indented.insert(indented.end(), {"", "", "def next():", "  step()"});
+  EXPECT_TRUE(LongFunctions(indented).empty());
+  indented.insert(indented.begin() + 1, "  step()");
+  EXPECT_EQ(LongFunctions(indented).size(), 1u);
   EXPECT_TRUE(LongFunctions(function("struct Row {", 61, "")).empty());
   EXPECT_TRUE(LongFunctions(function("namespace brivane {", 61, "")).empty());
   EXPECT_TRUE(LongFunctions(function("void Take() {", 61, "  // Long because it tells")).empty());
