@@ -8,6 +8,7 @@
 #include "documents/document_texts.h"
 #include "geometry/outline.h"
 #include "model/dimension_rules.h"
+#include "model/sail_file.h"
 #include "patches/patch_outline.h"
 #include "ui/texts.h"
 
@@ -253,6 +254,25 @@ TEST(Manual, LimitOfThePatchesIsThatOfTheProgram) {
                               (language == Language::English ? ", of" : ", des");
     EXPECT_NE(Manual(language).find(range), std::string::npos) << range;
   }
+}
+
+/// The lines of a sail that are the same in every file, and how many there are.
+TEST(Formats, FixedLinesOfASailAreThoseOfTheProgram) {
+  std::vector<std::string> lines = LinesOf(SailDataText(SailDefinition{}));
+  for (std::string& line : lines) line.pop_back();  // the carriage return
+  const std::string text = TextOf(Root() / "docs" / "formats.md");
+  std::size_t fixed = 0, last = 0;
+  const std::regex row("\n\\| (\\d+) +\\| `([^`]+)`");
+  const std::size_t from = text.find("name=\"bv3\"");
+  const std::string table = text.substr(from, text.find("name=\"bv4\"") - from);
+  for (std::sregex_iterator match(table.begin(), table.end(), row), end; match != end; ++match) {
+    last = std::stoul((*match)[1]);
+    ASSERT_LE(last, lines.size());
+    EXPECT_EQ(lines[last - 1], (*match)[2]);
+    ++fixed;
+  }
+  EXPECT_EQ(fixed, 6u);
+  EXPECT_EQ(last, lines.size());
 }
 
 TEST(Manual, EveryCommandHasItsWords) {
