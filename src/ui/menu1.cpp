@@ -27,13 +27,19 @@ void CentreOnScreen(QWidget& window) {
   window.move(screen.center() - window.rect().center());
 }
 
-QLabel* CentredLabel(const char* name, double size, bool bold) {
+QLabel* CentredLabel(const char* name) {
   auto* label = new QLabel;
   label->setObjectName(name);
   label->setAlignment(Qt::AlignCenter);
+  return label;
+}
+
+// The only text of another size: every font that the first window shows is waited for.
+QLabel* TitleLabel(const char* name) {
+  QLabel* label = CentredLabel(name);
   QFont font = label->font();
-  font.setPointSizeF(font.pointSizeF() * size);
-  font.setBold(bold);
+  font.setPointSizeF(font.pointSizeF() * 2.4);
+  font.setBold(true);
   label->setFont(font);
   return label;
 }
@@ -47,9 +53,9 @@ Menu1::Menu1(Windows& windows) : windows_(windows) {
 }
 
 void Menu1::Build() {
-  Label1 = CentredLabel("Label1", 2.4, true);
-  Label2 = CentredLabel("Label2", 1.15, false);
-  Label3 = CentredLabel("Label3", 0.9, false);
+  Label1 = TitleLabel("Label1");
+  Label2 = CentredLabel("Label2");
+  Label3 = CentredLabel("Label3");
   Create = new QPushButton(this);
   Create->setObjectName("Create");
   Create->setMinimumHeight(44);

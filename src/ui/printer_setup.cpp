@@ -5,10 +5,10 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPointer>
-#include <QPrinterInfo>
 
 #include "ui/current_sail.h"
 #include "ui/file_dialogs.h"
+#include "ui/printers.h"
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 
@@ -54,11 +54,9 @@ PrinterSetup::PrinterSetup(QWidget* parent, const PrinterSettings& settings) : Q
 void PrinterSetup::BuildDestination(QGridLayout* grid, const PrinterSettings& settings) {
   Destination = new QComboBox;
   Destination->setObjectName("Destination");
-  for (const QString& name : QPrinterInfo::availablePrinterNames())
-    Destination->addItem(name, name);
+  for (const QString& name : PrinterNames()) Destination->addItem(name, name);
   Destination->addItem(CurrentText(texts::kPdfFile), kPdfDestination);
-  const QString printer =
-      settings.PrinterName.isEmpty() ? QPrinterInfo::defaultPrinterName() : settings.PrinterName;
+  const QString printer = settings.PrinterName.isEmpty() ? DefaultPrinter() : settings.PrinterName;
   const int index = Destination->findData(settings.ToPdf ? kPdfDestination : printer);
   Destination->setCurrentIndex(index < 0 ? Destination->count() - 1 : index);
   connect(Destination, &QComboBox::currentIndexChanged, this, &PrinterSetup::FollowDestination);

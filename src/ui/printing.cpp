@@ -4,7 +4,6 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryFile>
@@ -15,6 +14,7 @@
 #include "ui/file_dialogs.h"
 #include "ui/messages.h"
 #include "ui/painter.h"
+#include "ui/printers.h"
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 #include "view/data_listing.h"
@@ -89,8 +89,7 @@ std::vector<Drawing> PagesOf(Report report, const Paper& paper, const TextMeasur
 }
 
 QString PrinterToUse(const PrinterSettings& settings) {
-  const QString name =
-      settings.PrinterName.isEmpty() ? QPrinterInfo::defaultPrinterName() : settings.PrinterName;
+  const QString name = settings.PrinterName.isEmpty() ? DefaultPrinter() : settings.PrinterName;
   if (name.isEmpty()) throw PrinterFault("there is no printer");
   return name;
 }

@@ -22,6 +22,8 @@ class PrinterSetupTest : public QObject {
   void SecondReportAsksBeforeItReplacesTheFirst();
   void BrowsingChoosesTheFile();
   void PageSizesReachTheFile();
+  void PrintersOfTheServiceAreOffered();
+  void SystemsOwnPrinterGetsTheJob();
   void JobGoesToThePrintService();
   void RefusedJobIsTold();
   void MissingPrintServiceIsTold();
@@ -35,6 +37,9 @@ class PrinterSetupTest : public QObject {
   }
   /// Puts a print command of ours into the search path: it keeps its arguments and the job.
   void ProvidePrintService(int exitCode) const;
+  /// Puts a status command of ours into the search path: two printers, the second the system's own.
+  void ProvidePrinters() const;
+  void ProvideCommand(const QString& name, const QByteArray& script) const;
 
   std::unique_ptr<QTemporaryDir> folder_;
   QByteArray searchPath_;
@@ -65,15 +70,27 @@ void PrinterSetupTest::init() {
 
 void PrinterSetupTest::cleanup() { qputenv("PATH", searchPath_); }
 
-void PrinterSetupTest::ProvidePrintService(int exitCode) const {
-  QFile command(Path("lp"));
+void PrinterSetupTest::ProvideCommand(const QString& name, const QByteArray& script) const {
+  QFile command(Path(name));
   QVERIFY(command.open(QIODevice::WriteOnly));
-  command.write("#!/bin/sh\nprintf '%s\\n' \"$@\" > " + Path("arguments").toUtf8() +
-                "\nfor last; do :; done\ncp \"$last\" " + Path("job").toUtf8() + "\nexit " +
-                QByteArray::number(exitCode) + "\n");
+  command.write("#!/bin/sh\n" + script);
   command.close();
   QVERIFY(command.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
   qputenv("PATH", folder_->path().toUtf8() + ":" + searchPath_);
+}
+
+void PrinterSetupTest::ProvidePrintService(int exitCode) const {
+  ProvideCommand("lp", "printf '%s\\n' \"$@\" > " + Path("arguments").toUtf8() +
+                           "\nfor last; do :; done\ncp \"$last\" " + Path("job").toUtf8() +
+                           "\nexit " + QByteArray::number(exitCode) + "\n");
+}
+
+void PrinterSetupTest::ProvidePrinters() const {
+  ProvideCommand("lpstat",
+                 "case \"$1 $LC_ALL\" in\n"
+                 "'-e C.UTF-8') printf 'Office\\nLoft\\n' ;;\n"
+                 "'-d C.UTF-8') printf 'system default destination: Loft\\n' ;;\n"
+                 "esac\n");
 }
 
 void PrinterSetupTest::ChoiceHoldsAndCancelKeepsIt() {
@@ -180,6 +197,33 @@ void PrinterSetupTest::PageSizesReachTheFile() {
   const QPageLayout page = PageOf(settings);
   QCOMPARE(page.fullRect(QPageLayout::Millimeter).size(), QSizeF(210, 148));
   QCOMPARE(page.paintRect(QPageLayout::Millimeter), QRectF(10, 10, 190, 128));
+}
+
+void PrinterSetupTest::PrintersOfTheServiceAreOffered() {
+  ProvidePrinters();
+  Desk desk;
+  desk.DesignDefaultSail();
+  WhenDialogIsUp("PrinterSetup", [](QWidget* dialog) {
+    PrinterSetup* setup = SetupIn(dialog);
+    QCOMPARE(setup->Destination->count(), 3);  // the last is the PDF file
+    QCOMPARE(setup->Destination->itemText(0), "Office");
+    QCOMPARE(setup->Destination->currentText(), "Loft");
+    setup->Destination->setCurrentIndex(0);
+    Press(setup->Ok);
+  });
+  desk.Picture().fprint_setup->trigger();
+  QVERIFY(!CurrentPrinter().ToPdf);
+  QCOMPARE(CurrentPrinter().PrinterName, "Office");
+}
+
+void PrinterSetupTest::SystemsOwnPrinterGetsTheJob() {
+  ProvidePrinters();
+  ProvidePrintService(0);
+  Desk desk;
+  desk.DesignDefaultSail();
+  desk.Picture().fPrint_Data->trigger();
+  QVERIFY(desk.Seen.empty());
+  QVERIFY(Read("arguments").startsWith("-d\nLoft\n"));
 }
 
 void PrinterSetupTest::JobGoesToThePrintService() {
