@@ -118,6 +118,9 @@ double NormaliserWalk::operator()(double A, double B) {
     }
   }
   fall_ = k;
+  // The search may end at its first sample, at the floor; the profile is higher there than a third
+  // of its maximum.
+  if (!(before >= 3 * kLeastMaximum)) return ProfileNormaliser(A, B);
   return 1 / before;
 }
 

@@ -109,6 +109,18 @@ TEST(NormaliserWalk, IsBitIdenticalToTheSearchFromTheStart) {
   }
 }
 
+TEST(NormaliserWalk, IsBitIdenticalWhereTheProfileAllButVanishes) {
+  std::mt19937_64 random(4);
+  std::uniform_real_distribution<double> unit(0, 1);
+  NormaliserWalk walk;
+  for (int i = 0; i < 20000; ++i) {
+    const double A = std::pow(10, unit(random) < 0.1 ? 300 * unit(random) : 4 * unit(random));
+    const double B = unit(random) < 0.5 ? 0 : 0.01 * unit(random);
+    EXPECT_EQ(walk(A, B), ProfileNormaliser(A, B)) << A << " " << B;
+    walk(3, 0.06);  // so that the next walk begins somewhere else than at its start
+  }
+}
+
 TEST(NormaliserWalk, FallsBackToTheSearchForFactorsBelowZero) {
   NormaliserWalk walk;
   EXPECT_EQ(walk(-0.9, 0), ProfileNormaliser(-0.9, 0));
