@@ -200,8 +200,11 @@ PlotterRecord TakeRecord(Lines& lines, char mark) {
 /// Takes the next word off the front of a line, empty at its end: blanks and commas are between
 /// words, a "#" ends the line.
 std::string_view TakeWord(std::string_view& line) {
-  const std::size_t from = std::min(line.find_first_not_of(" ,"), line.size());
-  const std::size_t end = std::min(line.find_first_of(" ,#", from), line.size());
+  const auto isBetween = [](char c) { return c == ' ' || c == ','; };
+  std::size_t from = 0;
+  while (from < line.size() && isBetween(line[from])) ++from;
+  std::size_t end = from;
+  while (end < line.size() && !isBetween(line[end]) && line[end] != '#') ++end;
   const std::string_view word = line.substr(from, end - from);
   line.remove_prefix(word.empty() ? line.size() : end);
   return word;
@@ -267,11 +270,13 @@ double ReadPlain(std::string_view text) {
 
 std::vector<std::string_view> LinesOf(std::string_view text) {
   std::vector<std::string_view> lines;
+  lines.reserve(text.size() / 8);
   while (!text.empty()) {
-    const std::size_t end = text.find("\r\n");
-    Require(end != std::string_view::npos, "a line without its end", text);
-    lines.push_back(text.substr(0, end));
-    text.remove_prefix(end + 2);
+    const std::size_t end = text.find('\n');
+    Require(end != std::string_view::npos && end > 0 && text[end - 1] == '\r',
+            "a line without its end", text);
+    lines.push_back(text.substr(0, end - 1));
+    text.remove_prefix(end + 1);
   }
   return lines;
 }

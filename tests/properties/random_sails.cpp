@@ -1,5 +1,6 @@
 #include "properties/random_sails.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
@@ -117,6 +118,10 @@ std::uint64_t RunSeed() {
 }
 
 int SailCount(int usual) { return static_cast<int>(FromEnvironment("BRIVANE_SAILS", usual)); }
+
+int ExportStep(int usual) {
+  return std::max(1, static_cast<int>(FromEnvironment("BRIVANE_EXPORT_STEP", usual)));
+}
 
 SailDefinition PlausibleSail(Random& random, const std::string& cut) {
   SailDefinition sail;
