@@ -8,6 +8,7 @@
 #include "documents/document_texts.h"
 #include "geometry/outline.h"
 #include "model/dimension_rules.h"
+#include "model/number_reading.h"
 #include "model/sail_file.h"
 #include "patches/patch_outline.h"
 #include "ui/texts.h"
@@ -40,8 +41,8 @@ std::vector<double> NumbersIn(std::string text) {
   const std::regex number("(-?\\d+(?:[.,]\\d+)?)(?:/(\\d+))?( ?%)?");
   std::vector<double> numbers;
   for (std::sregex_iterator match(text.begin(), text.end(), number), end; match != end; ++match) {
-    double value = std::stod(Replaced((*match)[1], ",", "."));
-    if ((*match)[2].matched) value /= std::stod((*match)[2]);
+    double value = Val(Replaced((*match)[1], ",", "."));
+    if ((*match)[2].matched) value /= Val((*match)[2].str());
     if ((*match)[3].matched) value /= 100;
     numbers.push_back(value);
   }
