@@ -98,7 +98,6 @@ bool IsLarge(const ScannedNumber& number) {
 LeadingNumber Convert(const ScannedNumber& number) {
   std::string text(number.WholeDigits);
   text.append(".").append(number.Fraction);
-  if (text.size() == number.Fraction.size() + 1) text.insert(0, "0");
   if (!number.Exponent.empty()) text.append("E").append(number.Exponent);
   LeadingNumber result;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), result.Value);

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <random>
+#include <vector>
 
 namespace brivane {
 namespace {
@@ -106,6 +109,67 @@ TEST(CrossingFraction, MeetsASteepRoundTwiceAndTakesTheNearer) {
   EXPECT_LT(DistanceFrom({{-60, 100}, {0.01, 1}}, edge.At(t)), 1e-9);
 }
 
+TEST(CrossingFraction, TakesTheNearerOfTwoAlsoWhereTheLineLeavesTheEdgeFaster) {
+  // x = −1600t(1 − t) = −450 + 200t: 1600t² − 1800t + 450 = 0, t = (1800 ± 600)/3200. The straight
+  // edge is met at 200t = 450, beyond its end.
+  const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1000}, 400, 0.5);
+  EXPECT_NEAR(CrossingFraction(edge, {{-450, 0}, {0.2, 1}}), 0.75, 1e-14);
+}
+
+TEST(CrossingFraction, TakesTheFirstCrossingOfALineAlongTheEdge) {
+  // 1600t(1 − t) = 300 at t = ¼ and ¾; the straight edge is never met.
+  const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1000}, 400, 0.5);
+  EXPECT_NEAR(CrossingFraction(edge, {{-300, 0}, {0, 1}}), 0.25, 1e-14);
+}
+
+TEST(CrossingFraction, TakesTheCornerThatTheLineRunsThroughAndNotAnotherCrossing) {
+  // Through the end: 1600t(1 − t) = 200(1 − t) once more at t = ⅛. Through the start likewise.
+  const RoundedEdge edge = MakeRoundedEdge({0, 0}, {0, 1000}, 400, 0.5);
+  EXPECT_NEAR(CrossingFraction(edge, {{0, 1000}, {0.2, 1}}), 1, 1e-14);
+  EXPECT_NEAR(CrossingFraction(edge, {{0, 1000}, {-0.2, -1}}), 1, 1e-14);
+  EXPECT_NEAR(CrossingFraction(edge, {{0, 0}, {-0.2, 1}}), 0, 1e-14);
+  EXPECT_NEAR(CrossingFraction(edge, {{0, 0}, {0.2, -1}}), 0, 1e-14);
+}
+
+/// The crossing nearest to the straight edge's, found by walking along the edge in small steps;
+/// below 0 where there is none or where two are about as near.
+double WalkedCrossing(const RoundedEdge& edge, const PlaneLine& line, double straight) {
+  constexpr int kSteps = 20000;
+  const auto side = [&](int i) {
+    return Cross(line.Direction, edge.At(static_cast<double>(i) / kSteps) - line.Through) > 0;
+  };
+  std::vector<double> crossings;
+  for (int i = 0; i < kSteps; ++i)
+    if (side(i) != side(i + 1)) crossings.push_back((i + 0.5) / kSteps);
+  const auto away = [&](double t) { return std::abs(t - straight); };
+  std::sort(crossings.begin(), crossings.end(),
+            [&](double a, double b) { return away(a) < away(b); });
+  if (crossings.empty()) return -1;
+  if (crossings.size() > 1 && away(crossings[1]) - away(crossings[0]) < 1e-3) return -1;
+  return crossings[0];
+}
+
+TEST(CrossingFraction, AgreesWithAWalkAlongTheEdgeOfAnySize) {
+  std::mt19937_64 random(17);
+  std::uniform_real_distribution<double> unit(-1, 1);
+  int several = 0;
+  for (int i = 0; i < 400; ++i) {
+    // From a hundredth of a millimetre to metres: no length is a natural one.
+    const double length = std::pow(10, 1.5 + 3.5 * unit(random));
+    const RoundedEdge edge =
+        MakeRoundedEdge({0, 0}, {0, length}, length * unit(random) / 2, 0.5 + 0.2 * unit(random));
+    const PlaneLine line{{length * unit(random) / 2, length * (0.5 + unit(random))},
+                         {unit(random) / 2, 1}};
+    const double along = line.Direction.x * length;
+    const double straight = -Cross(line.Direction, edge.Start - line.Through) / along;
+    const double walked = WalkedCrossing(edge, line, straight);
+    if (walked < 0) continue;
+    ++several;
+    EXPECT_NEAR(CrossingFraction(edge, line), walked, 1e-4) << i;
+  }
+  EXPECT_GT(several, 150);
+}
+
 TEST(CrossingFraction, EndsAtTheCornerWhereTheLinePassesBy) {
   const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 100, 0.5);
   EXPECT_EQ(CrossingFraction(luff, {{0, -10}, {1, 0}}), 0);
@@ -135,6 +199,26 @@ TEST(ExtentAlong, AgreesWithSamplingATiltedEdge) {
   double low = 1e9;
   for (int i = 0; i <= 100000; ++i) low = std::min(low, Dot(direction, edge.At(i / 100000.0)));
   EXPECT_NEAR(ExtentAlong(edge, direction).Low, low, 1e-6);
+}
+
+TEST(ExtentAlong, AgreesWithSamplingOnEdgesOfAnySize) {
+  std::mt19937_64 random(19);
+  std::uniform_real_distribution<double> unit(-1, 1);
+  for (int i = 0; i < 200; ++i) {
+    const double length = std::pow(10, 1.5 + 3.5 * unit(random));
+    const RoundedEdge edge = MakeRoundedEdge({unit(random), unit(random)}, {unit(random), length},
+                                             length * unit(random) / 2, 0.5 + 0.2 * unit(random));
+    const PlanePoint direction{1, unit(random) / 4};
+    double low = Dot(direction, edge.Start);
+    double high = low;
+    for (int k = 0; k <= 4000; ++k) {
+      const double reach = Dot(direction, edge.At(k / 4000.0));
+      low = std::min(low, reach);
+      high = std::max(high, reach);
+    }
+    EXPECT_NEAR(ExtentAlong(edge, direction).Low, low, 1e-5 * length) << i;
+    EXPECT_NEAR(ExtentAlong(edge, direction).High, high, 1e-5 * length) << i;
+  }
 }
 
 }  // namespace

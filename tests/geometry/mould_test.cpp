@@ -31,6 +31,33 @@ TEST(DepthAt, KeepsTheFloorInsideTheSail) {
   EXPECT_DOUBLE_EQ(DepthAt(sail, 0.98), 0.02);
 }
 
+TEST(DepthAt, KeepsAQuarterOfTheFootsDepthAtTheHead) {
+  SailDefinition sail;
+  sail.Depth = {8, 10, 1};  // at 0.98 the parabola has fallen to 10 − (0.58/0.6)²·9 = 1.59
+  EXPECT_DOUBLE_EQ(DepthAt(sail, 0.98), 0.02);
+  sail.Depth = {8, 10, 1.8};  // 10 − 0.9344·8.2 = 2.34: above the floor
+  EXPECT_NEAR(DepthAt(sail, 0.98), (10 - 0.58 * 0.58 / 0.36 * 8.2) / 100, 1e-15);
+  sail.Depth = {8, 10, 0.8};
+  EXPECT_NEAR(DepthAt(sail, 0.94), (10 - 0.54 * 0.54 / 0.36 * 9.2) / 100, 1e-15);  // 2.55
+}
+
+TEST(DepthAt, FallsToThreeQuartersOverASixteenthBelowTheFoot) {
+  const SailDefinition sail;
+  EXPECT_DOUBLE_EQ(DepthAt(sail, -1 / 16.0), 0.03 * 0.75);
+  EXPECT_DOUBLE_EQ(DepthAt(sail, -3 / 16.0), 0.0075);
+  EXPECT_NEAR(DepthAt(sail, -0.19), 0.0075, 1e-15);  // the line has fallen to 0.24 of the foot
+}
+
+TEST(ShapeAt, StartsFromTheFootsOwnShape) {
+  SailDefinition sail;
+  sail.LuffShape = {2, 4, 7};
+  for (const auto& [height, shape] :
+       {std::pair{0.0, 2.0}, {0.1, 2.5}, {0.4, 4.0}, {0.7, 5.5}, {1.0, 7.0}}) {
+    double h = height;
+    EXPECT_DOUBLE_EQ(LuffShapeAt(sail, h), shape) << height;
+  }
+}
+
 TEST(ShapeAt, IsStraightFromFootToMiddleToHead) {
   const SailDefinition sail;
   double h = 0.4;

@@ -95,6 +95,18 @@ TEST(ComputeOutline, MakesAStubOfAGaffShorterThanSixMillimetres) {
   EXPECT_NEAR(sail.GaffAngle, 3.14159265358979 / 2 - throat - 0.03, 1e-12);
 }
 
+TEST(ComputeOutline, PutsThePeakIntoThePlaneWithoutTwist) {
+  for (const double gaff : {2600.0, 5.0}) {
+    SailDefinition sail;
+    sail.GaffLength = gaff;
+    sail.TwistAngle = 0;
+    sail.PeakPoint.z = 77;
+    ComputeOutline(sail);
+    EXPECT_EQ(sail.PeakPoint.z, 0) << gaff;
+    EXPECT_EQ(sail.ClewPoint.z, 0) << gaff;
+  }
+}
+
 TEST(ComputeOutline, KeepsAGaffOfSixMillimetres) {
   SailDefinition sail;
   sail.GaffLength = 6;
@@ -186,6 +198,9 @@ TEST(ClampCloth, HoldsClothAndSeam) {
   ClampCloth(sail);
   EXPECT_EQ(sail.ClothWidth, 1725);
   EXPECT_EQ(sail.SeamWidth, 20);
+  sail.ClothWidth = 1726;
+  ClampCloth(sail);
+  EXPECT_EQ(sail.ClothWidth, 1725);
 
   sail = {};
   sail.SeamWidth = 0;
@@ -198,6 +213,26 @@ TEST(ClampCloth, HoldsClothAndSeam) {
   ClampCloth(sail);
   EXPECT_EQ(sail.ClothWidth, 116);  // 5750/50 + 1
   EXPECT_EQ(sail.SeamWidth, 12);    // 11.6, to the nearest
+}
+
+TEST(ClampCloth, LeavesWhatStandsAtItsLimits) {
+  SailDefinition sail;  // the diagonal is 5750
+  sail.ClothWidth = 115;
+  sail.SeamWidth = 11;
+  ClampCloth(sail);
+  EXPECT_EQ(sail.ClothWidth, 115);
+  EXPECT_EQ(sail.SeamWidth, 11);
+  sail.ClothWidth = 114;
+  ClampCloth(sail);
+  EXPECT_EQ(sail.ClothWidth, 116);
+
+  sail = {};
+  sail.ClothWidth = 900;
+  for (const auto& [given, held] : {std::pair{90, 90}, {91, 90}, {98, 90}, {9, 9}, {8, 10}}) {
+    sail.SeamWidth = static_cast<std::int16_t>(given);
+    ClampCloth(sail);
+    EXPECT_EQ(sail.SeamWidth, held) << given;
+  }
 }
 
 TEST(ClampCloth, RoundsHalvesToTheEvenNeighbour) {
@@ -216,6 +251,26 @@ TEST(ClampCloth, RoundsHalvesToTheEvenNeighbour) {
 TEST(ClampCloth, RefusesAClothBeyondSixteenBits) {
   SailDefinition sail;
   sail.DiagonalLength = 2e6;
+  EXPECT_THROW(ClampCloth(sail), GeometryFault);
+}
+
+TEST(ClampCloth, HoldsTheSeamsOfAVeryWideCloth) {
+  SailDefinition sail;
+  sail.DiagonalLength = 50000;
+  sail.ClothWidth = 10100;
+  sail.SeamWidth = 100;  // less than 101
+  ClampCloth(sail);
+  EXPECT_EQ(sail.SeamWidth, 102);
+}
+
+TEST(ClampCloth, TakesTheLargestNumberOfSixteenBits) {
+  SailDefinition sail;
+  sail.DiagonalLength = 109223.3;  // three tenths are 32766.99
+  sail.ClothWidth = 32767;
+  ClampCloth(sail);
+  EXPECT_EQ(sail.ClothWidth, 32767);
+  sail.ClothWidth = 890;
+  sail.DiagonalLength = 1638330;  // a fiftieth and one millimetre more are 32767.6
   EXPECT_THROW(ClampCloth(sail), GeometryFault);
 }
 

@@ -38,12 +38,29 @@ TEST(SolveTriangle, TakesATriangleWithoutSizeAsEquilateral) {
 }
 
 TEST(SolveTriangle, FlattensATriangleThatCannotClose) {
-  EXPECT_EQ(SolveTriangle(10, 4, 5).A, 3.14159265358979);
-  EXPECT_EQ(SolveTriangle(10, 4, 5).B, 0);
-  EXPECT_EQ(SolveTriangle(4, 10, 5).B, 3.14159265358979);
-  EXPECT_EQ(SolveTriangle(4, 10, 5).C, 0);
-  EXPECT_EQ(SolveTriangle(4, 5, 10).C, 3.14159265358979);
-  EXPECT_EQ(SolveTriangle(4, 5, 9).C, 3.14159265358979);
+  const auto expect = [](const TriangleAngles& angles, double a, double b, double c) {
+    EXPECT_EQ(angles.A, a);
+    EXPECT_EQ(angles.B, b);
+    EXPECT_EQ(angles.C, c);
+  };
+  constexpr double kStraight = 3.14159265358979;
+  expect(SolveTriangle(10, 4, 5), kStraight, 0, 0);
+  expect(SolveTriangle(4, 10, 5), 0, kStraight, 0);
+  expect(SolveTriangle(4, 5, 10), 0, 0, kStraight);
+  expect(SolveTriangle(4, 5, 9), 0, 0, kStraight);
+}
+
+TEST(SolveTriangle, FlattensWithinATenMillionthOfHalfThePerimeter) {
+  // Half the perimeter of 1, 1, 2 − 2e is 2 − e, from which the long side is short by e.
+  EXPECT_EQ(SolveTriangle(1, 1, 2 - 2 * 1.9e-7).C, 3.14159265358979);
+  EXPECT_LT(SolveTriangle(1, 1, 2 - 2 * 2.1e-7).C, 3.1416 - 0.001);
+  EXPECT_GT(SolveTriangle(1, 1, 2 - 2 * 2.1e-7).A, 1e-4);
+}
+
+TEST(SolveTriangle, KnowsTheSmallestTriangleWithASize) {
+  // A perimeter of a millionth of a millimetre and more.
+  EXPECT_NEAR(SolveTriangle(2.625e-7, 3.5e-7, 4.375e-7).C, kFullPi / 2, 1e-9);
+  EXPECT_EQ(SolveTriangle(2.4e-7, 3.2e-7, 4e-7).C, 3.14159265358979 / 3);
 }
 
 TEST(SolveTriangle, StaysAccurateForVeryFlatTriangles) {
@@ -98,6 +115,19 @@ TEST(RotatePoint, LeavesTheCentreAndTurnsThePointsAboveAndBelowIt) {
   RotatePoint(0, 0, x, y, 0.5);
   EXPECT_NEAR(x, 2 * std::sin(0.5), 1e-12);
   EXPECT_NEAR(y, -2 * std::cos(0.5), 1e-12);
+}
+
+TEST(RotatePoint, TurnsAPointLessThanAMillimetreAboveItsCentre) {
+  double x = 0;
+  double y = 0.5;
+  RotatePoint(0, 0, x, y, 0.5);
+  EXPECT_NEAR(x, -0.5 * std::sin(0.5), 1e-15);
+  EXPECT_NEAR(y, 0.5 * std::cos(0.5), 1e-15);
+
+  x = 0, y = -0.5;
+  RotatePoint(0, 0, x, y, 0.5);
+  EXPECT_NEAR(x, 0.5 * std::sin(0.5), 1e-15);
+  EXPECT_NEAR(y, -0.5 * std::cos(0.5), 1e-15);
 }
 
 }  // namespace

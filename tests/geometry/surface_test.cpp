@@ -65,6 +65,48 @@ TEST(FindForwardEnd, TakesTheTackAsFootAndTheThroatAsLuff) {
   EXPECT_EQ(FindForwardEnd(frame, 700, 4000.001).Edge, EdgeCode::Gaff);
 }
 
+TEST(SectionEnds, OnTheRoundOfAFootThatRises) {
+  SailDefinition sail;
+  sail.DiagonalLength = 5000;
+  sail.FootRound = 200;
+  ComputeOutline(sail);
+  const double slope = std::tan(sail.FootAngle);
+  ASSERT_GT(slope, 0.2);
+  const SurfaceFrame frame(sail);
+  const double x = 1600;
+  const double y = slope * x - 110;  // c = −110
+  for (const bool forward : {true, false}) {
+    const SectionEnd end = forward ? FindForwardEnd(frame, x, y) : FindAftEnd(frame, x, y);
+    EXPECT_EQ(end.Edge, EdgeCode::Foot);
+    EXPECT_NEAR(end.y, slope * end.x - 110, 1e-9);
+    // The crossing m = x_end − tan(foot)·c, where the round stands 110·cos(foot) below the foot.
+    const double m = end.x + slope * 110;
+    const double root = std::sqrt(1 - 110 * std::cos(sail.FootAngle) / 200);
+    const double exact = sail.ClewPoint.x * (1 + (forward ? -root : root)) / 2;
+    EXPECT_NEAR(m, exact, 2000 / 1024.0) << forward;
+    EXPECT_NEAR(end.z, FootDepth(frame, m), 1e-9) << forward;
+  }
+}
+
+TEST(SurfacePointZ, MeasuresARisingFootsLowestPointSquareToIt) {
+  SailDefinition sail;
+  sail.DiagonalLength = 5000;
+  sail.FootRound = 250;
+  sail.LuffRound = sail.LeechRound = sail.GaffRound = 0;
+  sail.TwistAngle = 0;
+  sail.LuffShape = sail.LeechShape = {0, 0, 0};
+  ComputeOutline(sail);
+  const SurfaceFrame frame(sail);
+  const double e = 250 / std::cos(sail.FootAngle);
+  const double x = 800;
+  const double y = 1000 + std::tan(sail.FootAngle) * x;  // starts at 1000 mm on the luff
+  const SectionEnd aft = FindAftEnd(frame, x, y);
+  const double chord = std::hypot(aft.x, aft.y - 1000) + 0.01;
+  const double p = std::hypot(x, y - 1000) / chord;
+  const double depth = DepthAt(sail, (e + 1000) / (e + sail.PeakPoint.y));
+  EXPECT_NEAR(SurfacePointZ(frame, x, y), depth * chord * 4 * p * (1 - p), 1e-6);
+}
+
 TEST(FindForwardEnd, MeetsTheGaffWithItsTwist) {
   SailDefinition sail = SquareSail();
   const SurfaceFrame frame(sail);
@@ -119,6 +161,24 @@ TEST(FindAftEnd, LiesOnTheRoundedLeechMeasuredFromThePeak) {
   const PlanePoint fromPeak = PlanePoint{end.x, end.y} - peak;
   const double t = Dot(fromPeak, along) / Length(clew - peak);
   EXPECT_NEAR(Cross(along, fromPeak), 300 * MakeEdgeRoundCurve(0.65).At(t), 1e-8);
+}
+
+TEST(FindAftEnd, MeasuresAlongTheLeechOfASailWhoseFootRises) {
+  SailDefinition sail;
+  sail.DiagonalLength = 5000;  // a foot that rises by some 500 mm in 3500
+  ComputeOutline(sail);
+  ASSERT_GT(sail.FootAngle, 0.2);
+  const SurfaceFrame frame(sail);
+  const double x = 900;
+  const double y = 3000;
+  // The section y = 3000 + tan(foot)·(x − 900) meets the leech, which runs from the clew to the
+  // peak: clew.y + s·up = 3000 + tan(foot)·(clew.x + s·across − 900), s the part of the leech.
+  const double slope = std::tan(sail.FootAngle);
+  const double up = sail.PeakPoint.y - sail.ClewPoint.y;
+  const double across = sail.PeakPoint.x - sail.ClewPoint.x;
+  const double part =
+      (y + slope * (sail.ClewPoint.x - x) - sail.ClewPoint.y) / (up - slope * across);
+  EXPECT_NEAR(FindAftEnd(frame, x, y).Along, part * sail.LeechLength, 1e-4);
 }
 
 TEST(FindAftEnd, EndsOnTheFootBelowTheClew) {
@@ -213,6 +273,14 @@ TEST(Twist, IsLinearAlongTheGaffAndHeldAtItsEnds) {
   EXPECT_NEAR(GaffTwist(sail, 1e6), whole, 1e-9);
 }
 
+TEST(Twist, OfAGaffOfOneMillimetre) {
+  SailDefinition sail = SquareSail();
+  sail.PeakPoint.x = 1;
+  EXPECT_NEAR(GaffTwist(sail, 0.5), 1000 * std::sin(0.5) * std::sin(0.21), 1e-9);
+  sail.PeakPoint.x = 0;
+  EXPECT_EQ(GaffTwist(sail, 3), 0);
+}
+
 TEST(SurfaceFrame, RefusesWhatCarriesNoSurface) {
   const auto refused = [](auto change) {
     SailDefinition sail = SquareSail();
@@ -226,6 +294,33 @@ TEST(SurfaceFrame, RefusesWhatCarriesNoSurface) {
   refused([](SailDefinition& sail) { sail.DepthPosition = 10; });
   refused([](SailDefinition& sail) { sail.LuffShape[kMiddle] = -1; });
   refused([](SailDefinition& sail) { sail.LuffShape[kTop] = -2; });
+}
+
+TEST(SurfaceFrame, RefusesALuffOrALeechWithoutLength) {
+  SailDefinition sail = SquareSail();
+  sail.LuffLength = 0;
+  EXPECT_THROW(SurfaceFrame{sail}, GeometryFault);
+  sail = SquareSail();
+  sail.LeechLength = 0;
+  EXPECT_THROW(SurfaceFrame{sail}, GeometryFault);
+  sail = SquareSail();
+  sail.PeakPoint.y = 0;
+  sail.ClewPoint.y = -10;
+  EXPECT_THROW(SurfaceFrame{sail}, GeometryFault);
+  sail = SquareSail();
+  sail.PeakPoint.x = 0;
+  EXPECT_THROW(SurfaceFrame{sail}, GeometryFault);
+}
+
+TEST(SurfaceFrame, CarriesASailOfAnySize) {
+  SailDefinition sail = SquareSail();
+  for (double* length : {&sail.LuffLength, &sail.LeechLength, &sail.ClewPoint.x, &sail.ClewPoint.y,
+                         &sail.PeakPoint.x, &sail.PeakPoint.y, &sail.FootLength, &sail.GaffLength})
+    *length /= 10000;  // half a millimetre
+  EXPECT_NO_THROW(SurfaceFrame{sail});
+  sail.LuffShape = {-0.5, 0.5, 0.5};
+  sail.DepthPosition = 0.5;
+  EXPECT_NO_THROW(SurfaceFrame{sail});
 }
 
 TEST(SurfacePointZ, RefusesASectionOnAGaffParallelToTheFoot) {

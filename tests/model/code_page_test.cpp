@@ -55,5 +55,22 @@ TEST(CodePage, KnowsSoundText) {
   EXPECT_TRUE(IsSoundUtf8("\xED\x9F\xBF\xEE\x80\x80"));
 }
 
+TEST(CodePage, KnowsTheFirstAndLastCharacterOfEachLength) {
+  for (const char* sound : {"\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
+                            "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"})
+    EXPECT_TRUE(IsSoundUtf8(sound)) << sound;
+  // A continuation alone, too many bytes, halves of a pair, beyond the last character.
+  for (const char* broken :
+       {"\x80", "\xBF", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xED\xBF\xBF",
+        "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF"})
+    EXPECT_FALSE(IsSoundUtf8(broken)) << broken;
+}
+
+TEST(CodePage, LooksNoFurtherThanTheTextGiven) {
+  const std::string_view euro = "\xE2\x82\xAC";
+  EXPECT_FALSE(IsSoundUtf8(euro.substr(0, 2)));
+  EXPECT_EQ(ToCodePage1252(euro.substr(0, 2)), "?");
+}
+
 }  // namespace
 }  // namespace brivane

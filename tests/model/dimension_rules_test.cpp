@@ -106,6 +106,19 @@ TEST(FootRule, HoldsTheFootBetweenATenthAndThreeTimesTheLuff) {
   EXPECT_EQ(sail.FootLength, 455);
 }
 
+TEST(FootRule, TakesItsLimitsThemselves) {
+  SailDefinition sail = ComputedSail();
+  sail.LuffLength = 200;
+  EXPECT_TRUE(EnterField(sail, Foot, "100").Notices.empty());
+  EXPECT_EQ(sail.FootLength, 100);
+  EXPECT_NE(sail.FootRound, 0);
+  sail.LuffLength = 1000;
+  EnterField(sail, Foot, "3500");
+  EXPECT_EQ(sail.FootLength, 3000);
+  EnterField(sail, Foot, "3000");
+  EXPECT_EQ(sail.FootLength, 3000);
+}
+
 TEST(FootRule, NormalisesAndCutsTheText) {
   SailDefinition sail = ComputedSail();
   EnterField(sail, Foot, "-3500,75 mm");
@@ -131,6 +144,19 @@ TEST(DiagonalRule, TakesWhatLiesBetweenItsLimits) {
   EXPECT_EQ(sail.DiagonalLength, 7334);
   EnterField(sail, Diag, "7336");
   EXPECT_EQ(sail.DiagonalLength, 5801);
+}
+
+TEST(DiagonalRule, TakesItsLimitsThemselves) {
+  SailDefinition sail = ComputedSail();
+  sail.LuffLength = sail.FootLength = 200;
+  EXPECT_TRUE(EnterField(sail, Diag, "100").Notices.empty());
+  EXPECT_EQ(sail.DiagonalLength, 100);
+  sail.LuffLength = 1000;
+  sail.FootLength = 2000;
+  EnterField(sail, Diag, "1100");  // 1.1 times the difference
+  EXPECT_EQ(sail.DiagonalLength, 1100);
+  EnterField(sail, Diag, "2700");  // 0.9 of the sum
+  EXPECT_EQ(sail.DiagonalLength, 2700);
 }
 
 TEST(DiagonalRule, RaisesAShortDiagonal) {

@@ -122,6 +122,13 @@ TEST(Val, WeighsZerosAgainstTheExponent) {
   EXPECT_EQ(Val("1" + std::string(400, '0') + "E-400"), 1);
 }
 
+TEST(Val, WeighsAnExponentWithSeveralDigits) {
+  const std::string tiny = "0." + std::string(700, '0');
+  EXPECT_EQ(Val(tiny + "1E+300"), 0);         // 1e-401
+  EXPECT_EQ(Val(tiny + "1E+300.9"), 0);       // what follows the exponent is no part of it
+  EXPECT_EQ(Val(tiny + "1E+1100"), DBL_MAX);  // 1e399
+}
+
 TEST(Val, ReadsFortyDigitsToTheNearestDouble) {
   EXPECT_EQ(Val("1234567890123456789012345678901234567890"),
             1234567890123456789012345678901234567890.0);

@@ -216,5 +216,19 @@ TEST(Table, RefusesAnIndexOutsideItsBounds) {
   EXPECT_EQ(table, SurfaceTable{});
 }
 
+TEST(DepthLimits, RoundTheFootOfAFractionalMiddleDown) {
+  // (5.2 + 0.5) x 0.7 = 3.99.
+  EXPECT_EQ(Limited({5, 5.2, 3}), (Depths{3, 5.2, 3}));
+}
+
+TEST(DepthLimits, RaiseTheTopAboveThreeTenthsOfTheMiddle) {
+  EXPECT_EQ(Limited({0, 13, 1}), (Depths{0, 13, 4}));  // 3.9: three and one
+  EXPECT_EQ(Limited({0, 14, 4}), (Depths{0, 14, 5}));  // 4.2
+}
+
+TEST(DepthLimits, LeaveAFootOfSevenTenthsOfTheMiddle) {
+  EXPECT_EQ(Limited({3.5, 5, 2}), (Depths{3.5, 5, 2}));
+}
+
 }  // namespace
 }  // namespace brivane

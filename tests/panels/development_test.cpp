@@ -156,5 +156,90 @@ TEST(DevelopPanels, KeepsTheAreaOfAFlatSail) {
   }
 }
 
+TEST(DevelopPanels, KeepsUprightEdgesOutsideWhereverTheStripIsWidestAndEitherWayRound) {
+  // Both edges bow out of the plane only. The panel starts from its widest rung: the forward end,
+  // the middle or the aft end.
+  for (const double widest : {0.0, 0.5, 1.0})
+    for (const double way : {1.0, -1.0}) {
+      const Sail sail = OneStrip([&](double u, double v) {
+        const double height = 300 - 100 * std::abs(u - widest);
+        const double bow = std::max(0.0, 1 - 10 * std::min(u, 1 - u)) * 20;
+        return Corner{1000 * u, way * height * v, bow * std::sin(v * 3.14159)};
+      });
+      for (int point = 1; point <= 4; ++point) {
+        EXPECT_LT(sail.Panels.PanelEdgeX(0, point), -1) << widest << way << point;
+        EXPECT_GT(sail.Panels.PanelEdgeX(0, 40 - point), 1001) << widest << way << point;
+      }
+    }
+}
+
+TEST(DevelopPanels, KeepsACrescentTheRightWayUp) {
+  // A strip of 50 mm that sags by 200 mm: most of it lies below the chord of its lower seam.
+  const auto place = [](double way) {
+    return [way](double u, double v) {
+      return Corner{1000 * u, way * (50 * v - 800 * u * (1 - u)), 0};
+    };
+  };
+  for (const double way : {1.0, -1.0}) {
+    const Sail sail = OneStrip(place(way));
+    EXPECT_NEAR(sail.Panels.PanelLowerY(0, 20), -200, 1e-9) << way;
+    EXPECT_NEAR(sail.Panels.PanelUpperY(0, 20), -150, 1e-9) << way;
+  }
+}
+
+TEST(DevelopPanels, PutsTheUpperSeamAboveInAStripOfAHundredthOfAMillimetre) {
+  for (const double way : {1.0, -1.0}) {
+    const Sail sail = OneStrip([&](double u, double v) { return Corner{u, way * 0.01 * v, 0}; });
+    EXPECT_NEAR(sail.Panels.PanelUpperY(0, 20), 0.01, 1e-12) << way;
+    EXPECT_NEAR(sail.Panels.PanelUpperX(0, 35), 1, 1e-12) << way;
+  }
+}
+
+TEST(DevelopPanels, GivesEachCornerToBothOfItsLines) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail;
+    sail.Definition.CutType = cut;
+    DesignPass(sail);
+    const DevelopedPanels& flat = sail.Panels;
+    for (int p = 0; p < sail.Definition.PanelCount; ++p) {
+      for (const auto& [edge, seam] : {std::pair{5, 5}, {35, 35}}) {
+        EXPECT_EQ(flat.PanelEdgeX(p, edge), flat.PanelUpperX(p, seam)) << cut << p;
+        EXPECT_EQ(flat.PanelEdgeY(p, edge), flat.PanelUpperY(p, seam)) << cut << p;
+      }
+      for (const auto& [edge, seam] : {std::pair{0, 5}, {40, 35}}) {
+        EXPECT_EQ(flat.PanelEdgeX(p, edge), flat.PanelLowerX(p, seam)) << cut << p;
+        EXPECT_EQ(flat.PanelEdgeY(p, edge), flat.PanelLowerY(p, seam)) << cut << p;
+      }
+    }
+  }
+}
+
+TEST(DevelopPanels, FillsNoMoreThanItsPanels) {
+  Sail sail;
+  DesignPass(sail);
+  sail.Definition.PanelCount = 3;
+  sail.Panels.Erase();
+  DevelopPanels(sail);
+  EXPECT_GT(sail.Panels.PanelLowerX(2, 35), 0);
+  for (int point = 0; point <= 40; ++point) {
+    EXPECT_EQ(sail.Panels.PanelLowerX(3, point), 0);
+    EXPECT_EQ(sail.Panels.PanelUpperX(3, point), 0);
+    EXPECT_EQ(sail.Panels.PanelUpperY(3, point), 0);
+    EXPECT_EQ(sail.Panels.PanelEdgeY(3, point), 0);
+  }
+}
+
+TEST(DevelopedWidth, IsTheGreatestOfAllThirtyOnePoints) {
+  for (int widest = 5; widest <= 35; ++widest) {
+    DevelopedPanels panels;
+    for (int point = 5; point <= 35; ++point) panels.PanelUpperY(4, point) = 100 + point % 7;
+    panels.PanelUpperY(4, widest) = 120.5;
+    EXPECT_EQ(DevelopedWidth(panels, 4), 120.5) << widest;
+  }
+  DevelopedPanels panels;
+  for (int point = 5; point <= 35; ++point) panels.PanelUpperY(4, point) = -point;
+  EXPECT_EQ(DevelopedWidth(panels, 4), -5);
+}
+
 }  // namespace
 }  // namespace brivane

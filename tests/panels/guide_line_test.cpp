@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "panels/design_pass.h"
@@ -82,6 +84,136 @@ TEST(DrawGuideLine, StaysTheSeamWidthFromTheSeamsOfARealSail) {
       }
       EXPECT_NEAR(nearest, 20, 1e-3) << p << " " << point;
     }
+}
+
+/// Distance from the nearest piece of the upper seam, whose first and last go on beyond their ends.
+double DistanceFromSeam(const FlatPanel& panel, PlanePoint at) {
+  double nearest = 1e9;
+  for (std::size_t k = 5; k < 35; ++k) {
+    const PlanePoint a = panel.Upper[k];
+    const PlanePoint b = panel.Upper[k + 1];
+    if (a == b) continue;
+    const double t = Dot(at - a, b - a) / Dot(b - a, b - a);
+    const double held = std::clamp(t, k == 5 ? -1e9 : 0.0, k == 34 ? 1e9 : 1.0);
+    nearest = std::min(nearest, Length(at - Between(a, b, held)));
+  }
+  return nearest;
+}
+
+TEST(DrawGuideLine, RunsTheSeamWidthInsideASeamOfAnyShapeAndSize) {
+  // Upper seams that rise to a crest aft of the middle; both edges lean outward, so that the line
+  // meets them beyond the seam's ends. From metres down to a millimetre.
+  for (const double size : {1.0, 0.001})
+    for (const double lean : {0.0, 60.0}) {
+      FlatPanel panel = Trapeze(0, 1000, 300);
+      for (std::size_t i = 0; i <= 30; ++i) {
+        const double u = static_cast<double>(i) / 30;
+        panel.Upper[5 + i] = size * PlanePoint{1000 * u, 300 + 900 * u * u * (1 - u)};
+        panel.Lower[5 + i] = size * PlanePoint{(1000 + 2 * lean) * u - lean, 0};
+      }
+      for (std::size_t i = 0; i <= 5; ++i) {
+        const double share = static_cast<double>(i) / 5;
+        panel.Edge[i] = Between(panel.Lower[5], panel.Upper[5], share);
+        panel.Edge[40 - i] = Between(panel.Lower[35], panel.Upper[35], share);
+      }
+      DrawGuideLine(panel, 20 * size, false);
+      for (std::size_t point = 6; point <= 34; ++point) {
+        EXPECT_NEAR(DistanceFromSeam(panel, panel.Edge[point]), 20 * size, 1e-9 * size) << point;
+        if (point > 6) {
+          EXPECT_LT(panel.Edge[point - 1].x, panel.Edge[point].x) << point;
+        }
+      }
+      // Both ends lie on the edges, which run straight from (−lean, 0) to (0, 300).
+      EXPECT_NEAR(panel.Edge[6].x, -lean * (size - panel.Edge[6].y / 300), 1e-9 * size);
+      EXPECT_NEAR(panel.Edge[34].x, 1000 * size + lean * (size - panel.Edge[34].y / 300),
+                  1e-9 * size);
+    }
+}
+
+TEST(DrawGuideLine, PassesOverPointsOfTheSeamThatCoincide) {
+  FlatPanel panel = Trapeze(0, 1000, 300);
+  panel.Upper[6] = panel.Upper[7] = panel.Upper[5];
+  panel.Upper[20] = panel.Upper[21];
+  panel.Upper[33] = panel.Upper[34] = panel.Upper[35];
+  DrawGuideLine(panel, 20, false);
+  for (std::size_t point = 6; point <= 34; ++point) {
+    EXPECT_NEAR(panel.Edge[point].y, 280, 1e-9) << point;
+    EXPECT_GE(panel.Edge[point].x, 0) << point;
+    EXPECT_LE(panel.Edge[point].x, 1000) << point;
+  }
+}
+
+TEST(DrawGuideLine, HoldsToALowerSeamThatRisesAboveTheLine) {
+  // 20 mm below an upper seam at 100 mm; the lower one rises to 95 mm at two thirds of its length.
+  FlatPanel panel = Trapeze(0, 1000, 100);
+  const auto rise = [](int i) { return 95 * 6.75 * (i / 30.0) * (i / 30.0) * (1 - i / 30.0); };
+  for (int i = 0; i <= 30; ++i)
+    panel.Lower[static_cast<std::size_t>(5 + i)] = {1000 * i / 30.0, rise(i)};
+  DrawGuideLine(panel, 20, false);
+  EXPECT_EQ(panel.Edge[6], (PlanePoint{0, 80}));
+  EXPECT_EQ(panel.Edge[34], (PlanePoint{1000, 80}));
+  int above = 0;
+  for (int point = 7; point <= 33; ++point) {
+    const double x = 1000.0 * (point - 6) / 28;
+    const int i = static_cast<int>(x * 30 / 1000);
+    const double lower = rise(i) + (rise(i + 1) - rise(i)) * (x * 30 / 1000 - i);
+    EXPECT_NEAR(panel.Edge[static_cast<std::size_t>(point)].x, x, 1e-9);
+    EXPECT_NEAR(panel.Edge[static_cast<std::size_t>(point)].y, std::max(80.0, lower), 1e-9);
+    above += lower > 80;
+  }
+  EXPECT_GT(above, 8);
+}
+
+TEST(DrawGuideLine, TakesAStepOfTheLowerSeamAsItsLowerEnd) {
+  // The seam falls by 5 mm where it starts; the line starts forward of it on a leaning edge.
+  FlatPanel panel = Trapeze(-100, 1000, 100);
+  for (std::size_t point = 6; point <= 35; ++point) panel.Lower[point].y = -5;
+  panel.Lower[6].x = 0;
+  DrawGuideLine(panel, 20, false);
+  for (std::size_t point = 7; point <= 33; ++point)
+    EXPECT_NEAR(panel.Edge[point].y, 80, 1e-9) << point;
+}
+
+TEST(DrawGuideLine, MeetsTheEdgesBehindTheirBends) {
+  // Both edges go out flat first, by 30 mm to 11 mm below the seam, and then straight down.
+  FlatPanel panel = Trapeze(0, 1000, 300);
+  const std::array<PlanePoint, 6> bent = {
+      {{-30, 0}, {-30, 100}, {-30, 150}, {-30, 200}, {-30, 289}, {0, 300}}};
+  for (std::size_t i = 0; i < bent.size(); ++i) {
+    panel.Edge[i] = bent[i];
+    panel.Edge[40 - i] = {1000 - bent[i].x, bent[i].y};
+  }
+  panel.Lower[5] = {-30, 0};
+  panel.Lower[35] = {1030, 0};
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[6].x, -30, 1e-9);
+  EXPECT_NEAR(panel.Edge[6].y, 280, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].x, 1030, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].y, 280, 1e-9);
+}
+
+TEST(DrawGuideLine, ReachesFarBeyondAShortSeam) {
+  // 20 mm below a seam of 100 mm, the leaning edges are met 115 mm beyond its ends.
+  FlatPanel panel = Trapeze(0, 100, 300);
+  panel.Lower[5] = {-1725, 0};
+  panel.Lower[35] = {1825, 0};
+  for (std::size_t i = 0; i <= 5; ++i) {
+    const double share = static_cast<double>(i) / 5;
+    panel.Edge[i] = Between(panel.Lower[5], {0, 300}, share);
+    panel.Edge[40 - i] = Between(panel.Lower[35], {100, 300}, share);
+  }
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[6].x, -115, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].x, 215, 1e-9);
+}
+
+TEST(DrawGuideLine, IsTheSeamItselfWithoutASeamWidth) {
+  FlatPanel panel = Trapeze(100, 900, 300);
+  DrawGuideLine(panel, 0, false);
+  for (std::size_t point = 6; point <= 34; ++point) {
+    EXPECT_NEAR(panel.Edge[point].x, 100 + 800 * (static_cast<double>(point) - 6) / 28, 1e-9);
+    EXPECT_NEAR(panel.Edge[point].y, 300, 1e-9);
+  }
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "geometry/outline.h"
 #include "panels/cross_cut.h"
@@ -96,6 +98,7 @@ TEST(CrossCut, StartsLineZeroAtTheTackWhenTheFirstSeamMeetsTheLuff) {
   LayOut(sail);
   const SailDefinition& d = sail.Definition;
   ASSERT_EQ(CodeOf(sail, 1), 1);
+  EXPECT_EQ(CodeOf(sail, 0), 0);
   for (int i = 0; i <= 30; ++i) {
     EXPECT_NEAR(PointAt(sail, 0, 5 + i).x, i / 30.0 * d.ClewPoint.x, 1e-9);
     EXPECT_NEAR(PointAt(sail, 0, 5 + i).y, i / 30.0 * d.ClewPoint.y, 1e-9);
@@ -184,6 +187,44 @@ TEST(CrossCut, GoesOnPastThePeakToAHigherThroat) {
   EXPECT_EQ(PointAt(sail, d.PanelCount, 35), PointAt(sail, d.PanelCount - 1, 35));
 }
 
+TEST(CrossCut, KnowsTheEdgeOfASeamWithinAMillimetreOfACorner) {
+  for (const double height : {-0.5, 0.5, 4549.5, 4550.5}) {
+    Sail sail = PlainSail(kCrossCut);
+    const SailDefinition& d = sail.Definition;
+    // The first seam leaves the leech where it comes to this height on the luff line.
+    const double perStep = std::cos(d.LeechAngle) + std::tan(d.LeechAngle) * std::sin(d.LeechAngle);
+    const double atClew = d.ClewPoint.y - std::tan(d.LeechAngle) * d.ClewPoint.x;
+    Allowances allowances{};
+    allowances[0] = 890 - (height - atClew) / perStep;
+    LayOut(sail, allowances);
+    EXPECT_EQ(CodeOf(sail, 1), height < 0 ? 0 : height < 4550 ? 1 : 2) << height;
+    if (height > 0 && height < 4550) {
+      EXPECT_NEAR(PointAt(sail, 1, 5).y, height, 1e-6);
+    }
+  }
+}
+
+TEST(CrossCut, CoversASailWithOnePanel) {
+  Sail sail = PlainSail(kCrossCut);
+  Allowances allowances{};
+  allowances[0] = -20000;
+  LayOut(sail, allowances);
+  EXPECT_EQ(sail.Definition.PanelCount, 1);
+  EXPECT_EQ(PointAt(sail, 0, 5), (PlanePoint{0, 0}));
+  EXPECT_EQ(CodeOf(sail, 0), 0);
+}
+
+TEST(CrossCut, StandsAtItsForwardEndBeforeIt) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail = PlainSail(cut);
+    LayOut(sail);
+    for (int point = 0; point < 5; ++point)
+      EXPECT_EQ(PointAt(sail, 0, point), PointAt(sail, 0, 5)) << cut << point;
+    for (int point = 36; point <= 40; ++point)
+      EXPECT_EQ(PointAt(sail, 0, point), PointAt(sail, 0, 35)) << cut << point;
+  }
+}
+
 TEST(TwistFootCut, RaisesItsLowestSeamsAFifthOfTheClothApart) {
   Sail sail = PlainSail(kTwistFootCut);
   LayOut(sail);
@@ -200,21 +241,39 @@ TEST(TwistFootCut, RaisesItsLowestSeamsAFifthOfTheClothApart) {
 }
 
 TEST(TwistFootCut, SharesAShortLuffEvenly) {
-  Sail sail = PlainSail(kTwistFootCut);
-  SailDefinition& d = sail.Definition;
-  d.LuffLength = 1200;
-  d.FootLength = 3500;
-  d.DiagonalLength = 3700;
-  d.GaffLength = 5;
-  d.ClothWidth = 400;
-  ComputeOutline(d);
-  LayOut(sail);
-  double before = 0;
-  for (int k = 1; k < d.PanelCount; ++k) {
-    const double height = PointAt(sail, k, 5).y;
-    EXPECT_GT(height, before) << k;
-    EXPECT_LE(height, d.LuffLength + 9) << k;
-    before = height;
+  for (const double luff : {1200.0, 700.0}) {
+    Sail sail = PlainSail(kTwistFootCut);
+    SailDefinition& d = sail.Definition;
+    d.LuffLength = luff;
+    d.FootLength = 3500;
+    d.DiagonalLength = 3700;
+    d.GaffLength = 5;
+    d.ClothWidth = 400;
+    ComputeOutline(d);
+    LayOut(sail);
+    // Where each seam would come to the luff by itself.
+    std::vector<double> natural;
+    for (int k = 1; k < d.PanelCount; ++k) {
+      const double aftX = d.ClewPoint.x - std::sin(d.LeechAngle) * 400 * k;
+      const double aftY = d.ClewPoint.y + std::cos(d.LeechAngle) * 400 * k;
+      natural.push_back(aftY - std::tan(d.LeechAngle) * aftX);
+    }
+    // A fifth of the cloth, or what the lowest seams can have each on their share of the luff.
+    double gap = 400 / 5.0;
+    for (std::size_t i = 0; i < natural.size(); ++i) {
+      const double k = static_cast<double>(i) + 1;
+      gap = std::min(gap, std::max(natural[i] / k, luff / (k + 1)));
+    }
+    double before = 0;
+    for (int k = 1; k < d.PanelCount; ++k) {
+      const double height = std::max(natural[static_cast<std::size_t>(k - 1)], before + gap);
+      if (height < luff) {
+        EXPECT_NEAR(PointAt(sail, k, 5).y, height, 1e-5) << luff << " " << k;
+      }
+      EXPECT_GT(height, before) << luff << " " << k;
+      before = height;
+    }
+    EXPECT_EQ(gap < 80, luff < 1000) << luff;
   }
 }
 

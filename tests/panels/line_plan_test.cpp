@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
 
 #include "geometry/outline.h"
@@ -94,6 +95,30 @@ TEST_F(OnDefaultSail, AWalkPassesThroughTheCornersBetweenItsEnds) {
   EXPECT_TRUE(throat);
 }
 
+TEST_F(OnDefaultSail, AWalkGivesEachFurtherIntervalToTheLongestStretch) {
+  const auto places = [&](double from, double to) {
+    SurfaceGrid grid;
+    PutBoundary(frame(), Ring(), from, to, grid, 1, 1, 4);
+    std::array<PlanePoint, 4> points;
+    for (int point = 1; point <= 4; ++point)
+      points[static_cast<std::size_t>(point - 1)] = {grid.SurfaceX(1, point),
+                                                     grid.SurfaceY(1, point)};
+    return points;
+  };
+  const auto expect = [&](const std::array<PlanePoint, 4>& points, std::array<double, 4> along) {
+    for (std::size_t i = 0; i < 4; ++i)
+      EXPECT_LT(Length(points[i] - Ring().At(along[i])), 1e-9) << i;
+  };
+  // A tenth of the foot of 3600 mm, three tenths of the luff of 4550 mm: the luff's intervals go
+  // 1365, 683, 455, 341 mm while the foot keeps its one of 360 to 370 mm.
+  expect(places(0.9, 1.3), {1, 1.075, 1.15, 1.225});
+  // Three tenths of each: 1080 and 1365 mm; the luff 683, the foot 540, the luff 455.
+  expect(places(0.7, 1.3), {0.85, 1, 1.1, 1.2});
+  // Round the throat: a tenth of the luff, a tenth of the gaff of 2600 mm and back again.
+  expect(places(1.9, 2.1), {1.9 + 0.1 / 3, 1.9 + 0.2 / 3, 2, 2.05});
+  expect(places(2.1, 1.9), {2.05, 2, 1.9 + 0.2 / 3, 1.9 + 0.1 / 3});
+}
+
 TEST_F(OnDefaultSail, AWalkRunsBothWaysOverTheSamePlaces) {
   const Boundary ring = Ring();
   SurfaceGrid grid;
@@ -110,6 +135,14 @@ TEST_F(OnDefaultSail, AWalkWithoutLengthStaysInItsPlace) {
   PutBoundary(frame(), Ring(), 1.25, 1.25, grid, 1, 1, 4);
   const PlanePoint at = Ring().At(1.25);
   for (int point = 1; point <= 4; ++point) EXPECT_EQ(grid.SurfaceX(1, point), at.x);
+}
+
+TEST(StepOff, LeavesAHollowOnlyToItsEdges) {
+  // Seams at the very edges of a hollow stay; the lower edge is taken at exactly forty millimetres.
+  EXPECT_EQ(StepOff(900, {}, {2000, 900, 950}).Distance[1], 900);
+  EXPECT_EQ(StepOff(900, {}, {2000, 850, 900}).Distance[1], 900);
+  EXPECT_EQ(StepOff(900, {}, {2000, 40, 950}).Distance[1], 40);
+  EXPECT_EQ(StepOff(900, {}, {2000, 39.9, 950}).Distance[1], 950);
 }
 
 TEST_F(OnDefaultSail, TheClewIsNotLifted) {

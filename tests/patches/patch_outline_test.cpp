@@ -163,6 +163,54 @@ TEST(PatchOutline, ABluntCornerGetsAPatchWithDepth) {
   }
 }
 
+TEST(PatchOutline, ABluntCornersDepthIsAFifthOfItsShorterSide) {
+  // Luff and gaff in one line, the patch 400 mm down and 200 mm up: both inner curves run along it,
+  // nearest to the corner at 13 of 20 steps. There the patch is a fifth of 200 mm deep, and around
+  // it half an ellipse.
+  Sail sail = RoundedSail();
+  sail.Definition.LuffRound = 0;
+  sail.Definition.PeakPoint = {0, 6000, 0};
+  const auto swell = [](std::size_t k) {
+    const double t = static_cast<double>(k) / 20;
+    return 2 * std::sqrt(t * (1 - t));
+  };
+  for (int layer = 0; layer < kPatchLayers; ++layer) {
+    const auto outline = PatchOutline(sail, PatchCorner::Head, layer);
+    const double size = layer == 0 ? 1 : 0.8;
+    for (std::size_t k = 1; k < 20; ++k) {
+      const double t = static_cast<double>(k) / 20;
+      const double bend = 0.7 * t * (1 - t);
+      EXPECT_NEAR(outline[20 + k].x, 40 * size * swell(k) / swell(13), 1e-9) << k;
+      EXPECT_NEAR(outline[20 + k].y,
+                  4000 + size * (200 * (t * t + bend) - 400 * ((1 - t) * (1 - t) + bend)), 1e-9);
+    }
+  }
+}
+
+TEST(PatchOutline, TheInnerEdgeOfATriangularHeadTakesTheStubInGradually) {
+  Sail sail;
+  sail.Definition.GaffLength = 0;
+  sail.Definition.LuffRound = sail.Definition.LeechRound = 0;
+  ComputeOutline(sail.Definition);
+  const SailDefinition& d = sail.Definition;
+  const double luff = sail.Patches.PatchHeight[2] / 100.0;
+  const double leech = sail.Patches.PatchWidth[2] / 100.0;
+  const auto outline = PatchOutline(sail, PatchCorner::Head, 0);
+  for (std::size_t k = 1; k < 20; ++k) {
+    const double t = static_cast<double>(k) / 20;
+    const double bend = 0.7 * t * (1 - t);
+    const double down = luff * ((1 - t) * (1 - t) + bend);
+    const double along = t * t + bend;
+    // From the throat down the luff, and from the peak down the leech less the rest of the stub.
+    const double x = d.PeakPoint.x + leech * along * (d.ClewPoint.x - d.PeakPoint.x) -
+                     (1 - along) * d.PeakPoint.x;
+    const double y = d.PeakPoint.y + leech * along * (d.ClewPoint.y - d.PeakPoint.y) -
+                     (1 - along) * (d.PeakPoint.y - d.LuffLength) - d.LuffLength * down;
+    EXPECT_NEAR(outline[20 + k].x, x, 1e-9) << k;
+    EXPECT_NEAR(outline[20 + k].y, y, 1e-9) << k;
+  }
+}
+
 TEST(PatchOutline, CodesAndWords) {
   EXPECT_EQ(PatchCode(PatchCorner::Clew), "cl");
   EXPECT_EQ(PatchCode(PatchCorner::Tack), "tk");
