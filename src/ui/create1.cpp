@@ -49,6 +49,10 @@ bool Create1::eventFilter(QObject* object, QEvent* event) {
   if (field == nullptr) return QDialog::eventFilter(object, event);
   if (event->type() == QEvent::KeyPress && IsRefusedKey(*field, static_cast<QKeyEvent*>(event)))
     return true;
+  if (IsDropElsewhere(event, Row(*field).Edit)) {
+    LeaveFocusedField();
+    Row(*field).Edit->setFocus(Qt::OtherFocusReason);
+  }
   if (LeavesField(event)) LeaveField(*field);
   return QDialog::eventFilter(object, event);
 }

@@ -87,11 +87,17 @@ void Dessin1::Draw() {
   Drawing drawing;
   // Nothing stands between a drawing and a paint event: a sail that cannot be drawn shows nothing.
   WordsOfFailure([&] {
-    drawing = SailDrawing(current.TheSail, current.View, Picture1->Size(), content_,
-                          ScrollAngle(HScroll1->value()), ScrollAngle(VScroll1->value()),
-                          current.Language);
+    drawing =
+        SailDrawing(current.TheSail, current.View, Picture1->Size(), content_,
+                    ScrollAngle(HScroll1->value()), ScrollAngle(VScroll1->value()), language_);
   });
   Picture1->Show(std::move(drawing));
+}
+
+void Dessin1::SpeakOnPicture() {
+  if (language_ == Current().Language) return;
+  language_ = Current().Language;
+  Draw();
 }
 
 void Dessin1::Fit() {

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 
+#include "model/language.h"
 #include "ui/picture_box.h"
 #include "ui/turn_icon.h"
 #include "ui/windows.h"
@@ -61,6 +62,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
 
   // Drawing.
   void Draw();
+  void SpeakOnPicture();  ///< draws the labels anew after a change of the language
   void Fit();
   void ShowLayout();
   void ResetScrollBars();
@@ -86,7 +88,8 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
   QLabel* hint_;
   QLabel* layout_;  ///< number of panels and the widest of them
   PictureContent content_;
-  bool viewIsFit_ = true;  ///< not panned or zoomed since the last fit
+  Language language_ = Language::English;  ///< of the captions and of the labels on the picture
+  bool viewIsFit_ = true;                  ///< not panned or zoomed since the last fit
   int drawCount_ = 0;
 };
 

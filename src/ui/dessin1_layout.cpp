@@ -208,6 +208,7 @@ void Dessin1::SetCaptions() {
   Picture1->setAccessibleDescription(CurrentText(texts::kPictureHint));
   hint_->setText(CurrentText(texts::kPictureHint));
   ShowLayout();
+  SpeakOnPicture();
 }
 
 }  // namespace brivane

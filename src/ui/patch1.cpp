@@ -170,6 +170,10 @@ bool Patch1::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::KeyPress &&
         IsRefusedKey(kAnyNumber, static_cast<QKeyEvent*>(event)))
       return true;
+    if (IsDropElsewhere(event, size.Field.Edit)) {
+      LeaveFocusedSize();
+      size.Field.Edit->setFocus(Qt::OtherFocusReason);
+    }
     if (LeavesField(event)) LeaveSize(size);
   }
   return QDialog::eventFilter(object, event);

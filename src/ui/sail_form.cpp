@@ -90,6 +90,10 @@ bool SailForm::eventFilter(QObject* object, QEvent* event) {
   if (event->type() == QEvent::KeyPress &&
       IsRefusedKey(DepthField(height), static_cast<QKeyEvent*>(event)))
     return true;
+  if (IsDropElsewhere(event, Text2[height])) {
+    LeaveFocusedDepth();
+    Text2[height]->setFocus(Qt::OtherFocusReason);
+  }
   if (LeavesField(event)) LeaveDepth(height);
   return QDialog::eventFilter(object, event);
 }

@@ -15,6 +15,10 @@ bool LeavesField(const QEvent* event) {
   return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 
+bool IsDropElsewhere(const QEvent* event, const QLineEdit* field) {
+  return event->type() == QEvent::Drop && field->window()->focusWidget() != field;
+}
+
 bool IsRefusedKey(DimensionField field, const QKeyEvent* event) {
   if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
   for (const char32_t character : event->text().toStdU32String())

@@ -32,6 +32,10 @@ inline DimensionField DepthField(std::size_t height) {
 /// menu is not leaving the field.
 bool LeavesField(const QEvent* event);
 
+/// True for a text that is dropped onto a field which has not got the focus: it is to have it
+/// first, so that the text is read back when the field is left.
+bool IsDropElsewhere(const QEvent* event, const QLineEdit* field);
+
 /// True where a key would type a character that the field does not take.
 bool IsRefusedKey(DimensionField field, const QKeyEvent* event);
 

@@ -3,8 +3,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDragEnterEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -74,6 +76,15 @@ void TypeInto(QLineEdit* field, const QString& text) {
   TypeAndStay(field, text);
   QTest::keyClick(field, Qt::Key_Tab);
   QTest::qWait(0);
+}
+
+void DropInto(QLineEdit* field, const QString& text) {
+  QMimeData data;
+  data.setText(text);
+  QDragEnterEvent enter({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(field, &enter);
+  QDropEvent drop(field->rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
+  QApplication::sendEvent(field, &drop);
 }
 
 void Press(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }

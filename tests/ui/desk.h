@@ -64,6 +64,9 @@ void TypeAndStay(QLineEdit* field, const QString& text);
 /// Types one letter that no test keyboard has.
 void TypeLetter(QLineEdit* field, QChar letter);
 
+/// Drops a text, dragged from elsewhere, into the middle of the field.
+void DropInto(QLineEdit* field, const QString& text);
+
 /// Presses a button with the mouse.
 void Press(QAbstractButton* button);
 

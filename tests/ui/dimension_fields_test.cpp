@@ -32,6 +32,7 @@ class DimensionFieldsTest : public QObject {
   void UntouchedFieldsKeepTheStoredValue();
   void CommaAndSemicolon();
   void PastedNonsenseGivesZero();
+  void DroppedTextIsReadBack();
   void KeyFilters();
   void TabOrderFollowsTheEye();
   void ResultDisplays();
@@ -297,6 +298,18 @@ void DimensionFieldsTest::PastedNonsenseGivesZero() {
   QTest::keyClick(window->LuffRond, Qt::Key_V, Qt::ControlModifier);
   QTest::keyClick(window->LuffRond, Qt::Key_Tab);
   QCOMPARE(window->LuffRond->text(), "0");
+}
+
+void DimensionFieldsTest::DroppedTextIsReadBack() {
+  Made window;
+  TypeAndStay(window->Foot, "3500");
+  window->Luff->clear();
+  DropInto(window->Luff, "5100");
+  QVERIFY(window->Luff->hasFocus());
+  QCOMPARE(Definition().FootLength, 3500.0);
+  Press(window->Validation);
+  QCOMPARE(Definition().LuffLength, 5100.0);
+  QCOMPARE(window->Luff->text(), "5100");
 }
 
 void DimensionFieldsTest::KeyFilters() {

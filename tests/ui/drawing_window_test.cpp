@@ -16,6 +16,7 @@ class DrawingWindowTest : public QObject {
   void MenuTree();
   void ButtonsAndCaption();
   void LayoutAroundThePicture();
+  void LabelsSpeakWithTheCaptions();
   void ScrollBarsTurnTheView();
   void AngleReadouts();
   void PanMovesByTheDrag();
@@ -183,6 +184,22 @@ void DrawingWindowTest::LayoutAroundThePicture() {
       above = place(button).bottom();
     }
   }
+}
+
+void DrawingWindowTest::LabelsSpeakWithTheCaptions() {
+  Desk desk;
+  desk.DesignDefaultSail();
+  Dessin1& window = desk.Picture();
+  Press(window.Legende1);
+  desk.GoTo(desk.Start());
+  desk.Start().Langue1[0]->click();
+  window.resize(window.size() * 0.9);  // draws, as the window still stands behind
+  QTest::qWait(0);
+  QVERIFY(Shows(window.Picture1, "Foot"));
+  QVERIFY(!Shows(window.Picture1, "Bordure"));
+  desk.GoTo(window);
+  QVERIFY(Shows(window.Picture1, "Bordure"));
+  QVERIFY(!Shows(window.Picture1, "Foot"));
 }
 
 void DrawingWindowTest::ScrollBarsTurnTheView() {

@@ -22,6 +22,7 @@ class MouldWindowTest : public QObject {
   void DepthPositionFollowsItsBar();
   void ManualsTellTheRangesOfTheBars();
   void DepthIsLimited();
+  void DroppedDepthIsReadBack();
   void EveryMoveIsDrawnAtOnce();
   void ValuesBeyondABarAreKept();
   void ClosingLaysTheSailOutAnew();
@@ -175,6 +176,19 @@ void MouldWindowTest::DepthIsLimited() {
   QTest::keyClick(window.Text2[2], Qt::Key_Return);
   QCOMPARE(window.Text2[2]->text(), "10");
   QVERIFY(window.isVisible());
+}
+
+void MouldWindowTest::DroppedDepthIsReadBack() {
+  Desk desk;
+  OpenMould(desk);
+  SailForm& window = desk.Mould();
+  TypeAndStay(window.Text2[1], "12");
+  window.Text2[2]->clear();
+  DropInto(window.Text2[2], "7");
+  QVERIFY(window.Text2[2]->hasFocus());
+  QCOMPARE(Definition().Depth[1], 12.0);
+  Press(window.Done);
+  QTRY_COMPARE(Definition().Depth[2], 7.0);
 }
 
 void MouldWindowTest::EveryMoveIsDrawnAtOnce() {

@@ -15,6 +15,7 @@ class PatchWindowTest : public QObject {
   void CaptionsInBothLanguages_data();
   void CaptionsInBothLanguages();
   void SizesAreHeldAndDrawnAsAFieldIsLeft();
+  void DroppedSizeIsReadBack();
   void PlotterFileOfTheCurrentFolder();
   void DxfFilesInFrench();
   void TriangularSailHasNoPeak();
@@ -108,6 +109,18 @@ void PatchWindowTest::SizesAreHeldAndDrawnAsAFieldIsLeft() {
   QTest::keyClick(window.Text3[0], Qt::Key_Return);
   QCOMPARE(window.Text3[0]->text(), "20");
   QVERIFY(window.isVisible());
+}
+
+void PatchWindowTest::DroppedSizeIsReadBack() {
+  Desk desk;
+  OpenPatches(desk);
+  Patch1& window = desk.Patches();
+  TypeAndStay(window.Text2[1], "22");
+  window.Text3[1]->clear();
+  DropInto(window.Text3[1], "33");
+  QCOMPARE(Current().TheSail.Patches.PatchHeight[1], std::int16_t{22});
+  Press(window.Cancel);
+  QTRY_COMPARE(Current().TheSail.Patches.PatchWidth[1], std::int16_t{33});
 }
 
 void PatchWindowTest::PlotterFileOfTheCurrentFolder() {
