@@ -6,9 +6,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <set>
+#include <string>
 #include <system_error>
 
 namespace brivane {
@@ -108,9 +111,13 @@ Findings RunWithOwnMounts(const std::function<void(Findings&)>& work) {
 bool Report(const Findings& findings) {
   for (const std::string& fault : findings.Faults) ADD_FAILURE() << fault;
   if (findings.Skipped.empty()) return true;
-  const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
-  std::printf("note: skipped %s.%s: %s\n", test->test_suite_name(), test->name(),
-              findings.Skipped.c_str());
+  const testing::TestInfo* info = testing::UnitTest::GetInstance()->current_test_info();
+  // One line for all kinds of file that a test is run with.
+  std::string test = std::string(info->test_suite_name()) + "." + info->name();
+  test.resize(std::min(test.rfind('/'), test.size()));
+  static std::set<std::string> told;
+  if (told.insert(test + findings.Skipped).second)
+    std::printf("note: skipped %s: %s\n", test.c_str(), findings.Skipped.c_str());
   return false;
 }
 
