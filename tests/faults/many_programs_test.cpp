@@ -122,6 +122,16 @@ TEST_F(Leftovers, OfEndedProgramsAreRemoved) {
   EXPECT_FALSE(Stays(".brivane-" + ended + "-17.tmp", 90000));
 }
 
+TEST_F(Leftovers, OfALivingProgramDoNotDisturbIt) {
+  const pid_t child = Start([] {
+    for (const int each : {SIGHUP, SIGINT, SIGTERM}) signal(each, SIG_DFL);
+    for (;;) pause();
+  });
+  EXPECT_TRUE(Stays(".brivane-" + std::to_string(child) + "-0.tmp", 5000));
+  kill(child, SIGKILL);
+  EXPECT_EQ(WTERMSIG(End(child)), SIGKILL);
+}
+
 TEST_F(Leftovers, StayWhileTheyMayBeInUse) {
   EXPECT_TRUE(Stays(".brivane-" + ended + "-0.tmp", 5));
   EXPECT_TRUE(Stays(".brivane-" + ended + "-1.tmp", -5000));

@@ -104,6 +104,14 @@ TEST(SectionProfile, HasTheCurvatureOfItsFactors) {
       }
 }
 
+TEST(SectionProfile, ComesDownToZeroAtItsEnds) {
+  for (const double A : {0.0, 3.0})
+    for (const double B : {0.0, 1.0}) {
+      EXPECT_NEAR(SectionProfile(A, B, 1, 1e-9), 0, 1e-8) << A << B;
+      EXPECT_NEAR(SectionProfile(A, B, 1, 1 - 1e-9), 0, 1e-8) << A << B;
+    }
+}
+
 TEST(ProfileNormaliser, OfTheParabolaIsEight) { EXPECT_NEAR(ProfileNormaliser(0, 0), 8, 1e-12); }
 
 TEST(ProfileNormaliser, TakesTheFirstSampleOfAProfileThatIsFullestBeforeIt) {

@@ -159,18 +159,21 @@ TEST(DevelopPanels, KeepsTheAreaOfAFlatSail) {
 TEST(DevelopPanels, KeepsUprightEdgesOutsideWhereverTheStripIsWidestAndEitherWayRound) {
   // Both edges bow out of the plane only. The panel starts from its widest rung: the forward end,
   // the middle or the aft end.
-  for (const double widest : {0.0, 0.5, 1.0})
-    for (const double way : {1.0, -1.0}) {
-      const Sail sail = OneStrip([&](double u, double v) {
-        const double height = 300 - 100 * std::abs(u - widest);
-        const double bow = std::max(0.0, 1 - 10 * std::min(u, 1 - u)) * 20;
-        return Corner{1000 * u, way * height * v, bow * std::sin(v * 3.14159)};
-      });
-      for (int point = 1; point <= 4; ++point) {
-        EXPECT_LT(sail.Panels.PanelEdgeX(0, point), -1) << widest << way << point;
-        EXPECT_GT(sail.Panels.PanelEdgeX(0, 40 - point), 1001) << widest << way << point;
+  for (const double turn : {0.0, 0.7})
+    for (const double widest : {0.0, 0.5, 1.0})
+      for (const double way : {1.0, -1.0}) {
+        const Sail sail = OneStrip([&](double u, double v) {
+          const double height = way * (300 - 100 * std::abs(u - widest)) * v;
+          const double bow = std::max(0.0, 1 - 10 * std::min(u, 1 - u)) * 20;
+          return Corner{7000 + 1000 * u * std::cos(turn) - height * std::sin(turn),
+                        1000 * u * std::sin(turn) + height * std::cos(turn),
+                        bow * std::sin(v * 3.14159)};
+        });
+        for (int point = 1; point <= 4; ++point) {
+          EXPECT_LT(sail.Panels.PanelEdgeX(0, point), -1) << widest << way << point;
+          EXPECT_GT(sail.Panels.PanelEdgeX(0, 40 - point), 1001) << widest << way << point;
+        }
       }
-    }
 }
 
 TEST(DevelopPanels, KeepsACrescentTheRightWayUp) {

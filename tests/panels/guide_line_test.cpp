@@ -56,6 +56,17 @@ TEST(DrawGuideLine, EndsOnTheLowerSeamWhereThePanelRunsIntoACorner) {
   EXPECT_NEAR(panel.Edge[6].y, 0, 1e-9);
 }
 
+TEST(DrawGuideLine, EndsOnTheLowerSeamWhereThePanelRunsIntoItsAftCorner) {
+  FlatPanel panel = Trapeze(0, 1000, 300);
+  for (int i = 0; i <= 30; ++i)
+    panel.Upper[static_cast<std::size_t>(5 + i)] = {1000 * i / 30.0, 300 - 10.0 * i};
+  for (std::size_t point = 35; point <= 40; ++point) panel.Edge[point] = {1000, 0};
+  DrawGuideLine(panel, 20, false);
+  const double meeting = 20 * std::sqrt(1 + 0.3 * 0.3) / 0.3;
+  EXPECT_NEAR(panel.Edge[34].x, 1000 - meeting, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].y, 0, 1e-9);
+}
+
 TEST(DrawGuideLine, KeepsToTheLowerSeamOfAPanelNarrowerThanTheSeam) {
   FlatPanel panel = Trapeze(0, 1000, 15);
   DrawGuideLine(panel, 20, false);
@@ -162,6 +173,18 @@ TEST(DrawGuideLine, HoldsToALowerSeamThatRisesAboveTheLine) {
     above += lower > 80;
   }
   EXPECT_GT(above, 8);
+}
+
+TEST(DrawGuideLine, HoldsToTheLastPieceOfTheLowerSeam) {
+  // It rises from nothing to 95 mm in the piece before and falls over the last 200 mm.
+  FlatPanel panel = Trapeze(0, 1000, 100);
+  for (int i = 0; i < 29; ++i) panel.Lower[static_cast<std::size_t>(5 + i)] = {i * 28.0, 0};
+  panel.Lower[34] = {800, 95};
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[28].y, 80, 1e-9);  // x = 785.7 mm: 95·(785.7 − 784)/16 is below the line
+  EXPECT_NEAR(panel.Edge[29].x, 23000 / 28.0, 1e-9);
+  EXPECT_NEAR(panel.Edge[29].y, 95 * (1000 - 23000 / 28.0) / 200, 1e-9);
+  EXPECT_NEAR(panel.Edge[30].y, 80, 1e-9);
 }
 
 TEST(DrawGuideLine, TakesAStepOfTheLowerSeamAsItsLowerEnd) {

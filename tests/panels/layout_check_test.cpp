@@ -60,19 +60,18 @@ TEST(CuttableStrips, HaveAnAreaOfMoreThanAMillionth) {
 }
 
 TEST(CuttableStrips, LieTheSameWayRoundAsTheFirst) {
-  for (const double height : {300.0, -300.0}) {
-    SurfaceGrid grid = Rectangle(900, height);
-    for (int point = 0; point <= 40; ++point) {
-      grid.SurfaceX(2, point) = grid.SurfaceX(1, point);
-      grid.SurfaceY(2, point) = grid.SurfaceY(1, point) + height;
+  for (const double height : {300.0, -300.0})
+    for (const PlanePoint& corner : {PlanePoint{0, 0}, {7000, -3000}, {-7000, 5000}}) {
+      SurfaceGrid grid = Rectangle(900, height, corner);
+      for (int point = 0; point <= 40; ++point) {
+        grid.SurfaceX(2, point) = grid.SurfaceX(1, point);
+        grid.SurfaceY(2, point) = grid.SurfaceY(1, point) + height;
+      }
+      EXPECT_FALSE(IsRefused(grid, 2));
+      for (int point = 0; point <= 40; ++point)
+        grid.SurfaceY(2, point) = 2 * (corner.y + height) - grid.SurfaceY(2, point);
+      EXPECT_TRUE(IsRefused(grid, 2));
     }
-    for (int i = 0; i <= 5; ++i)
-      grid.SurfaceY(2, i) = grid.SurfaceY(2, 40 - i) = height * (1 + i / 5.0);
-    EXPECT_FALSE(IsRefused(grid, 2));
-    for (int point = 0; point <= 40; ++point)
-      grid.SurfaceY(2, point) = 2 * height - grid.SurfaceY(2, point);
-    EXPECT_TRUE(IsRefused(grid, 2));
-  }
 }
 
 TEST(CuttableStrips, MayBeHollow) {
@@ -104,6 +103,28 @@ TEST(CuttableStrips, DoNotCrossAnyOtherPiece) {
   EXPECT_TRUE(IsRefused(Moved(1, 37, -10, 150)));
   EXPECT_TRUE(IsRefused(Moved(1, 37, 885, 310)));  // through the end of the upper seam
   EXPECT_TRUE(IsRefused(Moved(1, 37, 885, -10)));  // through the end of the lower seam
+}
+
+TEST(CuttableStrips, MayReachIntoEachOthersHollows) {
+  // The lower seam's tip stands in a dent of the upper seam, above the line that would bridge it.
+  SurfaceGrid grid = Moved(0, 20, 450, 305);
+  grid.SurfaceY(1, 20) = 310;
+  EXPECT_FALSE(IsRefused(grid));
+  grid = Moved(1, 20, 450, -5);
+  grid.SurfaceY(0, 20) = -10;
+  EXPECT_FALSE(IsRefused(grid));
+}
+
+TEST(CuttableStrips, DoNotCrossTheNextPieceButOne) {
+  SurfaceGrid grid = Moved(1, 2, 10, 20);  // the forward edge: 180 mm, down to 20, up to 100, 0
+  grid.SurfaceX(1, 1) = 10;
+  grid.SurfaceY(1, 1) = 100;
+  EXPECT_TRUE(IsRefused(grid));
+  grid = Moved(0, 20, 520, 10);  // the lower seam: to 520, back to 430, down to 510
+  grid.SurfaceX(0, 21) = 430;
+  grid.SurfaceY(0, 21) = 8;
+  EXPECT_TRUE(IsRefused(grid));
+  EXPECT_TRUE(IsRefused(Moved(0, 6, -5, 30)));  // the second piece through the last
 }
 
 TEST(CuttableStrips, MayTouchThemselves) {

@@ -304,6 +304,22 @@ TEST(VerticalCut, StepsAlongTheFootParallelToTheLeech) {
   }
 }
 
+TEST(VerticalCut, StepsOverTheWholeOfAFootThatRises) {
+  Sail sail = PlainSail(kVerticalCut);
+  SailDefinition& d = sail.Definition;
+  d.DiagonalLength = 5000;
+  ComputeOutline(d);
+  const Steps steps = LayOut(sail);
+  // Seams parallel to the leech end where the later of tack and throat is passed.
+  const PlanePoint clew{d.ClewPoint.x, d.ClewPoint.y};
+  const PlanePoint leech = PlanePoint{d.PeakPoint.x, d.PeakPoint.y} - clew;
+  const PlanePoint alongFoot = (-1 / d.FootLength) * clew;
+  const double throat = Cross(leech, PlanePoint{0, d.LuffLength} - clew) / Cross(leech, alongFoot);
+  const double covered =
+      steps.Distance[static_cast<std::size_t>(steps.PanelCount - 1)] + steps.LastStep;
+  EXPECT_NEAR(covered, std::max(d.FootLength, throat), 1e-3);
+}
+
 TEST(VerticalCut, RunsItsLastLineDownTheLuffToTheTack) {
   Sail sail = PlainSail(kVerticalCut);
   LayOut(sail);
@@ -326,6 +342,36 @@ TEST(VerticalCut, EndsItsSeamsOnTheRoundedFoot) {
     if (t > 0) {
       EXPECT_NEAR(-Cross(along, aft), 170 * 4 * t * (1 - t), 1e-8) << k;
     }
+  }
+}
+
+TEST(VerticalCut, KnowsTheEdgesOfASeamWithinAMillimetreOfACorner) {
+  for (const double beyond : {-0.5, 0.5}) {
+    Sail sail = PlainSail(kVerticalCut);
+    SailDefinition& d = sail.Definition;
+    const PlanePoint clew{d.ClewPoint.x, d.ClewPoint.y};
+    const PlanePoint leech = PlanePoint{d.PeakPoint.x, d.PeakPoint.y} - clew;
+    const PlanePoint alongFoot = (-1 / d.FootLength) * clew;
+    // The first seam leaves the foot half a millimetre before or behind the place from which it
+    // would run through the throat.
+    const PlanePoint throat{0, d.LuffLength};
+    const double through = Cross(leech, throat - clew) / Cross(leech, alongFoot);
+    Allowances allowances{};
+    allowances[0] = 890 - (through + beyond);
+    LayOut(sail, allowances);
+    EXPECT_EQ(CodeOf(sail, 1), beyond < 0 ? 2 : 1);
+  }
+  for (const double beyond : {-0.5, 0.5}) {
+    Sail sail = PlainSail(kVerticalCut);
+    SailDefinition& d = sail.Definition;
+    d.GaffLength = 5500;  // the peak lies aft of the clew, so that the tack comes before the throat
+    d.GaffAngle = 1.2;
+    ComputeOutline(d);
+    Allowances allowances{};
+    allowances[0] = 890 - (d.FootLength + beyond);
+    LayOut(sail, allowances);
+    const PlanePoint aft = PointAt(sail, 1, 35);
+    EXPECT_EQ(aft.x > 1e-9, beyond < 0) << aft.x << " " << aft.y;
   }
 }
 

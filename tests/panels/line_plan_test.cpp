@@ -119,6 +119,19 @@ TEST_F(OnDefaultSail, AWalkGivesEachFurtherIntervalToTheLongestStretch) {
   expect(places(2.1, 1.9), {2.05, 2, 1.9 + 0.2 / 3, 1.9 + 0.1 / 3});
 }
 
+TEST_F(OnDefaultSail, AWalkOverThreeEdgesSharesItsIntervalsAmongAll) {
+  // Back over 130 mm of the gaff, the luff of 4550 mm and half of the foot, some 1800 mm, in thirty
+  // intervals: one, twenty-one of 217 mm, eight of 225 mm.
+  SurfaceGrid grid;
+  PutBoundary(frame(), Ring(), 2.05, 0.5, grid, 1, 6, 34);
+  const auto expect = [&](int point, double place) {
+    const PlanePoint at{grid.SurfaceX(1, point), grid.SurfaceY(1, point)};
+    EXPECT_LT(Length(at - Ring().At(place)), 1e-9) << point;
+  };
+  for (int k = 0; k <= 21; ++k) expect(6 + k, 2 - k / 21.0);
+  for (int k = 1; k <= 7; ++k) expect(27 + k, 1 - 0.5 * k / 8.0);
+}
+
 TEST_F(OnDefaultSail, AWalkRunsBothWaysOverTheSamePlaces) {
   const Boundary ring = Ring();
   SurfaceGrid grid;
