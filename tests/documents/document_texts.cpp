@@ -5,9 +5,11 @@
 #include <regex>
 #include <sstream>
 
+#include "support/source_folder.h"
+
 namespace brivane {
 
-std::filesystem::path Root() { return BRIVANE_SOURCE_DIR; }
+std::filesystem::path Root() { return SourceFolder(); }
 
 std::string TextOf(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);

@@ -14,6 +14,7 @@
 #include "model/text_file.h"
 #include "panels/design_pass.h"
 #include "patches/patch_outline.h"
+#include "support/source_folder.h"
 #include "support/temporary_folder.h"
 
 // Every sail of the folder "examples" opens, lays out and exports.
@@ -26,7 +27,7 @@ namespace fs = std::filesystem;
 constexpr SaveKind kAllKinds[] = {SaveKind::SailData, SaveKind::PanelsXY,  SaveKind::Plotter,
                                   SaveKind::Vrml1,    SaveKind::PanelsDxf, SaveKind::Vrml2};
 
-std::string Folder() { return std::string(BRIVANE_SOURCE_DIR) + "/examples/"; }
+std::string Folder() { return SourceFolder() + "/examples/"; }
 
 /// Every sail file of the folder, of both generations.
 std::vector<std::string> SailFiles() {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/sail.h"
+#include "support/source_folder.h"
 #include "support/temporary_folder.h"
 
 namespace brivane {
@@ -81,7 +82,7 @@ inline Sail StraightSail() {
 }
 
 inline std::string GoldenBytes(const std::string& name) {
-  return BytesOf(std::string(BRIVANE_SOURCE_DIR) + "/tests/golden/" + name);
+  return BytesOf(SourceFolder() + "/tests/golden/" + name);
 }
 
 /// The text with every first replaced by second.

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "floors/floor_rules.h"
+#include "support/source_folder.h"
 
 namespace brivane {
 namespace {
@@ -102,12 +103,12 @@ TEST_F(MadeUpTree, IncludesByAName) {
 }
 
 TEST(Floors, IncludesPointDownOnly) {
-  for (const FloorFault& fault : FindFloorFaults(fs::path(BRIVANE_SOURCE_DIR) / "src"))
+  for (const FloorFault& fault : FindFloorFaults(fs::path(SourceFolder()) / "src"))
     ADD_FAILURE() << fault.Text;
 }
 
 TEST(Floors, TheSourceFolderIsTheRealOne) {
-  EXPECT_TRUE(fs::is_regular_file(fs::path(BRIVANE_SOURCE_DIR) / "src/model/sail_definition.h"));
+  EXPECT_TRUE(fs::is_regular_file(fs::path(SourceFolder()) / "src/model/sail_definition.h"));
 }
 
 /// True for a library that every C++ program loads, or that the sanitizers add.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "fuzz/targets.h"
+#include "support/source_folder.h"
 #include "support/temporary_folder.h"
 
 // Replays what the fuzzer starts from and what it once found.
@@ -17,7 +18,7 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> FilesOf(const std::string& kind, std::string_view target) {
   std::vector<fs::path> files;
-  const fs::path folder = fs::path(BRIVANE_SOURCE_DIR) / "tests/fuzz" / kind / target;
+  const fs::path folder = fs::path(SourceFolder()) / "tests/fuzz" / kind / target;
   if (!fs::is_directory(folder)) return files;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder))
     files.push_back(entry.path());
