@@ -11,7 +11,7 @@ constexpr NumberPattern kY = {"", 1, 2, " \r\n 30\r\n"};
 constexpr NumberPattern kZ = {"", 1, 2, " \r\n"};
 
 // Five blanks before the number's own leading blank.
-void AppendColour(std::string& text, std::int16_t colour) {
+void AppendColour(FileText& text, std::int16_t colour) {
   text += "     ";
   AppendStrNum(text, colour);
   text += "\r\n";
@@ -19,35 +19,36 @@ void AppendColour(std::string& text, std::int16_t colour) {
 
 }  // namespace
 
-void WritePolylineHeader(std::string& text, std::int16_t colour) {
+void WritePolylineHeader(FileText& text, std::int16_t colour) {
   text += "  0\r\nPOLYLINE\r\n  8\r\n1\r\n 62\r\n";
   AppendColour(text, colour);
   text += " 66\r\n      1\r\n  6\r\nCONTINUOUS\r\n 70\r\n      8\r\n";
 }
 
 std::string VertexHead(std::int16_t colour) {
-  std::string head = "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n";
+  FileText head;
+  head += "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n";
   AppendColour(head, colour);
   head += "  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n 10\r\n";
-  return head;
+  return head.Take();
 }
 
-void WriteVertex(std::string& text, std::string_view vertexHead, double x, double y, double z,
+void WriteVertex(FileText& text, std::string_view vertexHead, double x, double y, double z,
                  char decimalMark) {
   text += vertexHead;
-  AppendPattern(text, kX, x, decimalMark);
-  AppendPattern(text, kY, y, decimalMark);
-  AppendPattern(text, kZ, z, decimalMark);
+  AppendPattern<kX>(text, x, decimalMark);
+  AppendPattern<kY>(text, y, decimalMark);
+  AppendPattern<kZ>(text, z, decimalMark);
 }
 
-void WritePolylineEnd(std::string& text) { text += "  0\r\nSEQEND\r\n"; }
+void WritePolylineEnd(FileText& text) { text += "  0\r\nSEQEND\r\n"; }
 
-void WriteEntitiesHead(std::string& text, std::string_view comment) {
+void WriteEntitiesHead(FileText& text, std::string_view comment) {
   text += "999\r\n";
   text += comment;
   text += "\r\n  0\r\nSECTION\r\n  2\r\nENTITIES\r\n";
 }
 
-void WriteEntitiesEnd(std::string& text) { text += "  0\r\nENDSEC\r\n  0\r\nEOF\r\n"; }
+void WriteEntitiesEnd(FileText& text) { text += "  0\r\nENDSEC\r\n  0\r\nEOF\r\n"; }
 
 }  // namespace brivane

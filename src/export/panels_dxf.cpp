@@ -17,7 +17,7 @@ constexpr std::int16_t kOutlineColour = 7;
 constexpr std::size_t kPanelVertices = 31 + 75;
 
 struct Pen {
-  std::string& Text;
+  FileText& Text;
   std::string VertexHead;
   char DecimalMark;
   int Panel;
@@ -86,12 +86,11 @@ std::string PanelDxfPath(std::string_view base, int panel) {
 std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
                          std::vector<DxfStage>& stages) {
   const DevelopedPanels& panels = sail.Panels;
-  std::string text;
-  const auto stage = [&](std::string_view label) { stages.push_back({label, text.size()}); };
+  FileText text(kPanelVertices * kVertexBytes);
+  const auto stage = [&](std::string_view label) { stages.push_back({label, text.Size()}); };
 
   stages.clear();
   stage("Header");
-  text.reserve(kPanelVertices * kVertexBytes);
   WriteEntitiesHead(
       text, std::string(ProgramTitle) + " - panel" + Whole(kBlankTwoDigitsBlank, panel + 1));
 
@@ -116,7 +115,7 @@ std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
 
   stage(kClosing);
   WriteEntitiesEnd(text);
-  return text;
+  return text.Take();
 }
 
 std::vector<std::string> PanelDxfPaths(const Sail& sail, std::string_view path) {

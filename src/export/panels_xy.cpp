@@ -31,19 +31,19 @@ std::string_view EdgeLabel(PanelPlace place) {
 }
 
 struct PointList {
-  std::string& Text;
+  FileText& Text;
   char DecimalMark;
   int Panel;
 
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
     for (int k = first; k <= last; ++k) {
-      AppendPattern(Text, kX, xs(Panel, k), DecimalMark);
-      AppendPattern(Text, kY, ys(Panel, k), DecimalMark);
+      AppendPattern<kX>(Text, xs(Panel, k), DecimalMark);
+      AppendPattern<kY>(Text, ys(Panel, k), DecimalMark);
     }
   }
 };
 
-void AppendPanel(std::string& text, const Sail& sail, int panel, char decimalMark) {
+void AppendPanel(FileText& text, const Sail& sail, int panel, char decimalMark) {
   const DevelopedPanels& panels = sail.Panels;
   const PointList points{text, decimalMark, panel};
 
@@ -68,13 +68,11 @@ void AppendPanel(std::string& text, const Sail& sail, int panel, char decimalMar
 
 std::string PanelsXYText(const Sail& sail, char decimalMark) {
   const int count = sail.Definition.PanelCount;
-  std::string text;
-  text.reserve(64 + sail.Definition.SailName.size() +
-               static_cast<std::size_t>(std::max(count, 0)) * kPanelBytes);
+  FileText text(static_cast<std::size_t>(std::max(count, 0)) * kPanelBytes);
   AppendLine(text, LineName(sail.Definition.SailName) + "; Panels development XY");
   for (int panel = 0; panel < count; ++panel) AppendPanel(text, sail, panel, decimalMark);
   text += "\r\nEOF \r\n";
-  return text;
+  return text.Take();
 }
 
 }  // namespace brivane

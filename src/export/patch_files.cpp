@@ -49,18 +49,17 @@ std::string PatchDxfPath(std::string_view folder, PatchCorner corner, int layer)
 
 std::string PatchDxfText(const Sail& sail, PatchCorner corner, int layer, char decimalMark) {
   const std::vector<PlanePoint> outline = PatchOutline(sail, corner, layer);
-  std::string text;
-  text.reserve((outline.size() + 2) * kVertexBytes);
+  FileText text((outline.size() + 2) * kVertexBytes);
   WriteEntitiesHead(text, std::string(ProgramTitle) + " - patch " + PatchName(corner, layer));
   WritePolylineHeader(text, kCutColour);
   const std::string head = VertexHead(kCutColour);
   for (const PlanePoint& point : outline) WriteVertex(text, head, point.x, point.y, 0, decimalMark);
   WritePolylineEnd(text);
   WriteEntitiesEnd(text);
-  return text;
+  return text.Take();
 }
 
-void AppendPatch(std::string& text, const Sail& sail, PatchCorner corner, int layer,
+void AppendPatch(FileText& text, const Sail& sail, PatchCorner corner, int layer,
                  char decimalMark) {
   const std::vector<PlanePoint> outline = PatchOutline(sail, corner, layer);
   const PlanePoint label = PatchLabelPlace(outline);
@@ -89,7 +88,8 @@ std::vector<std::string> PatchDxfPaths(const Sail& sail, std::string_view folder
 }
 
 std::string PatchPlotterText(const Sail& sail, char decimalMark) {
-  std::string text = "PLOT Patch:  -- ";
+  FileText text;
+  text += "PLOT Patch:  -- ";
   text += ProgramTitle;
   text += " -- version:";
   AppendLine(text, kVersionDate);
@@ -97,7 +97,7 @@ std::string PatchPlotterText(const Sail& sail, char decimalMark) {
     AppendPatch(text, sail, corner, layer, decimalMark);
   });
   AppendLine(text, "EOF " + LineName(sail.Definition.SailName));
-  return text;
+  return text.Take();
 }
 
 std::vector<ExportFile> PatchDxfFiles(const Sail& sail, std::string_view folder, char decimalMark) {

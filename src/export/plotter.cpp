@@ -17,7 +17,7 @@ constexpr int kTopOutlinePoints = 73;
 constexpr std::size_t kPanelBytes = 106 * 26 + 120;
 
 struct PointList {
-  std::string& Text;
+  FileText& Text;
   char DecimalMark;
   int Panel;
 
@@ -37,7 +37,7 @@ PlanePoint LabelPlace(const Sail& sail, int panel) {
   return {xs(panel, point) + 10, panels.PanelLowerY(panel, point) + 5};
 }
 
-void AppendPanel(std::string& text, const Sail& sail, int panel, char decimalMark) {
+void AppendPanel(FileText& text, const Sail& sail, int panel, char decimalMark) {
   const DevelopedPanels& panels = sail.Panels;
   const PointList points{text, decimalMark, panel};
   const bool top = panel == sail.Definition.PanelCount - 1;
@@ -66,13 +66,12 @@ void AppendPanel(std::string& text, const Sail& sail, int panel, char decimalMar
 std::string PlotterText(const Sail& sail, char decimalMark) {
   const int count = sail.Definition.PanelCount;
   const std::string name = LineName(sail.Definition.SailName);
-  std::string text;
-  text.reserve(128 + 2 * name.size() + static_cast<std::size_t>(std::max(count, 0)) * kPanelBytes);
+  FileText text(static_cast<std::size_t>(std::max(count, 0)) * kPanelBytes);
   text += ProgramTitle;
   AppendLine(text, " Tovarek Plotter Development: " + name);
   for (int panel = 0; panel < count; ++panel) AppendPanel(text, sail, panel, decimalMark);
   AppendLine(text, "EOF " + name);
-  return text;
+  return text.Take();
 }
 
 }  // namespace brivane

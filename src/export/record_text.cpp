@@ -3,7 +3,22 @@
 #include "model/number_text.h"
 
 namespace brivane {
-void AppendLine(std::string& text, std::string_view line) {
+namespace {
+
+constexpr NumberPattern kTenthsEnd = {"", 1, 1, " \r\n"};  ///< closes a point line
+
+/// Blanks up to the next print zone of the line that starts there.
+void FillZone(FileText& text, std::size_t lineStart) {
+  constexpr std::string_view kZoneOfBlanks = "              ";
+  static_assert(kZoneOfBlanks.size() == kPrintZone);
+  char* const at = text.Room(kPrintZone);
+  PutWords(at, kZoneOfBlanks);
+  text.EndAt(at + kPrintZone - (text.Size() - lineStart) % kPrintZone);
+}
+
+}  // namespace
+
+void AppendLine(FileText& text, std::string_view line) {
   text += line;
   text += kLineEnd;
 }
@@ -14,25 +29,26 @@ std::string LineName(std::string_view sailName) {
   return name;
 }
 
-void AppendZones(std::string& text, std::string_view first, std::string_view second) {
+void AppendZones(FileText& text, std::string_view first, std::string_view second) {
+  const std::size_t start = text.Size();
   text += first;
-  text.append(kPrintZone - first.size() % kPrintZone, ' ');
+  FillZone(text, start);
   text += second;
   text += kLineEnd;
 }
 
-void AppendPlotterPoint(std::string& text, double x, double y, char decimalMark) {
-  const std::size_t start = text.size();
-  AppendPattern(text, kTenthsBlank, x, decimalMark);
-  text.append(kPrintZone - (text.size() - start) % kPrintZone, ' ');
-  AppendPattern(text, {"", 1, 1, " \r\n"}, y, decimalMark);
+void AppendPlotterPoint(FileText& text, double x, double y, char decimalMark) {
+  const std::size_t start = text.Size();
+  AppendPattern<kTenthsBlank>(text, x, decimalMark);
+  FillZone(text, start);
+  AppendPattern<kTenthsEnd>(text, y, decimalMark);
 }
 
-void AppendPlotterCommand(std::string& text, std::string_view word, int points) {
+void AppendPlotterCommand(FileText& text, std::string_view word, int points) {
   AppendZones(text, word, StrNum(points));
 }
 
-void AppendPlotterRecord(std::string& text, std::string_view label, double x, double y) {
+void AppendPlotterRecord(FileText& text, std::string_view label, double x, double y) {
   text += "panel,";
   text += label;
   for (const double field : {1.0, x, y, 0.0, 6.0}) {

@@ -13,13 +13,16 @@ constexpr int kLastGridPoint = 22;
 constexpr int kRow = kLastGridPoint + 1;
 constexpr std::string_view kIndent = "          ";
 constexpr std::string_view kSeparator = " , ";
+// The first and the last coordinate of a point line.
+constexpr NumberPattern kFirstMetre = {kIndent, 1, 3, " "};
+constexpr NumberPattern kLastMetre = {"", 1, 3, "  , \r\n"};
 constexpr std::size_t kRowBytes = 23 * 40 + 42 * 48 + 26 * 20;
 
-void AppendMetre(std::string& text, double metres) {
-  AppendPattern(text, kThousandthsBlank, metres, '.');
+void AppendMetre(FileText& text, double metres) {
+  AppendPattern<kThousandthsBlank>(text, metres, '.');
 }
 
-void AppendHead(std::string& text, const SailDefinition& sail, char decimalMark) {
+void AppendHead(FileText& text, const SailDefinition& sail, char decimalMark) {
   text +=
       "#VRML V1.0 ascii \r\n"
       "  DirectionalLight { direction .1 -.2 1 intensity .6 }\r\n"
@@ -28,7 +31,7 @@ void AppendHead(std::string& text, const SailDefinition& sail, char decimalMark)
       "    position ";
   for (const double value :
        {sail.ClewPoint.x / 2000, sail.PeakPoint.y / 2000, sail.PeakPoint.y / 600})
-    AppendPattern(text, kTenthsBlank, value, decimalMark);
+    AppendPattern<kTenthsBlank>(text, value, decimalMark);
   text +=
       "\r\n"
       "    orientation 0 0 1 0 \r\n"
@@ -41,22 +44,22 @@ void AppendHead(std::string& text, const SailDefinition& sail, char decimalMark)
       "    Material { diffuseColor 1 1 .5 } \r\n";
 }
 
-void AppendPoints(std::string& text, const SurfaceGrid& grid, int lines) {
+void AppendPoints(FileText& text, const SurfaceGrid& grid, int lines) {
   text +=
       "    Coordinate3 { \r\n"
       "      point [ \r\n";
   for (int i = 0; i <= lines; ++i)
     for (int j = 0; j <= kLastGridPoint; ++j) {
-      AppendPattern(text, {kIndent, 1, 3, " "}, grid.SurfaceX(i, j) / 1000, '.');
+      AppendPattern<kFirstMetre>(text, grid.SurfaceX(i, j) / 1000, '.');
       AppendMetre(text, grid.SurfaceY(i, j) / 1000);
-      AppendPattern(text, {"", 1, 3, "  , \r\n"}, grid.SurfaceZ(i, j) / 1000, '.');
+      AppendPattern<kLastMetre>(text, grid.SurfaceZ(i, j) / 1000, '.');
     }
   text +=
       "         ] \r\n"
       "    }  # coord\r\n";
 }
 
-void AppendTriangle(std::string& text, int a, int b, int c) {
+void AppendTriangle(FileText& text, int a, int b, int c) {
   text += kIndent;
   for (const int index : {a, b, c}) {
     AppendStrNum(text, index);
@@ -66,7 +69,7 @@ void AppendTriangle(std::string& text, int a, int b, int c) {
 }
 
 // The lower line's two end points stay out of the faces, on purpose.
-void AppendStripFaces(std::string& text, int strip) {
+void AppendStripFaces(FileText& text, int strip) {
   const int L = strip * kRow;
   const int U = L + kRow;
   AppendTriangle(text, U, L + 1, L + 2);
@@ -81,7 +84,7 @@ void AppendStripFaces(std::string& text, int strip) {
   AppendTriangle(text, U + 20, U + 22, U + 21);
 }
 
-void AppendFaces(std::string& text, int strips) {
+void AppendFaces(FileText& text, int strips) {
   text +=
       "    IndexedFaceSet { \r\n"
       "      coordIndex [ \r\n";
@@ -91,14 +94,14 @@ void AppendFaces(std::string& text, int strips) {
       "    }  # FaceSet\r\n";
 }
 
-void AppendLineIndex(std::string& text, int index) {
+void AppendLineIndex(FileText& text, int index) {
   text += kIndent;
   AppendStrNum(text, index);
   AppendLine(text, kSeparator);
 }
 
 // Each seam above the first has short legs down to the line below.
-void AppendLines(std::string& text, int lines) {
+void AppendLines(FileText& text, int lines) {
   text +=
       "    IndexedLineSet { \r\n"
       "      coordIndex [ \r\n";
@@ -114,7 +117,7 @@ void AppendLines(std::string& text, int lines) {
       "    }  # LineSet\r\n";
 }
 
-void AppendTitle(std::string& text, const SailDefinition& sail) {
+void AppendTitle(FileText& text, const SailDefinition& sail) {
   text += "WWWAnchor { name \"";
   text += kAnchorAddress;
   text += "\" map NONE \r\n  FontStyle { size ";
@@ -150,8 +153,7 @@ void AppendTitle(std::string& text, const SailDefinition& sail) {
 
 std::string Vrml1Text(const Sail& sail, char decimalMark) {
   const int strips = sail.Definition.PanelCount;
-  std::string text;
-  text.reserve(2048 + static_cast<std::size_t>(std::max(strips + 1, 0)) * kRowBytes);
+  FileText text(2048 + static_cast<std::size_t>(std::max(strips + 1, 0)) * kRowBytes);
   AppendHead(text, sail.Definition, decimalMark);
   AppendPoints(text, sail.Grid, strips);
   AppendFaces(text, strips);
@@ -160,7 +162,7 @@ std::string Vrml1Text(const Sail& sail, char decimalMark) {
       "  }  #  end XYZ\r\n"
       "} # end world\r\n";
   AppendTitle(text, sail.Definition);
-  return text;
+  return text.Take();
 }
 
 }  // namespace brivane

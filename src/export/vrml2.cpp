@@ -31,7 +31,7 @@ constexpr Viewpoint kBelow = {"    Viewpoint { orientation  1 0 0 1.4 ",
 constexpr Viewpoint kWindward = {"    Viewpoint { orientation 0 1 0 -1.9 ", kPosition,
                                  "                description \"Windward\" "};
 
-void AppendViewpoint(std::string& text, const Viewpoint& view, double x, double y, double z) {
+void AppendViewpoint(FileText& text, const Viewpoint& view, double x, double y, double z) {
   AppendLine(text, view.Orientation);
   text += view.Position;
   for (const double value : {x, y, z}) AppendMetres(text, value);
@@ -40,7 +40,7 @@ void AppendViewpoint(std::string& text, const Viewpoint& view, double x, double 
   AppendLine(text, "    } ");
 }
 
-void AppendHead(std::string& text, const SailDefinition& sail) {
+void AppendHead(FileText& text, const SailDefinition& sail) {
   text += "#VRML V2.0 utf8 \r\n# ";
   text += ProgramTitle;
   text +=
@@ -72,7 +72,7 @@ void AppendHead(std::string& text, const SailDefinition& sail) {
       "    children [ # panels \r\n";
 }
 
-void AppendTriangle(std::string& text, int a, int b, int c) {
+void AppendTriangle(FileText& text, int a, int b, int c) {
   text += kIndent;
   AppendStrNum(text, a);
   text += ',';
@@ -84,7 +84,8 @@ void AppendTriangle(std::string& text, int a, int b, int c) {
 
 // Local point 2j is point j of the lower line, 2j + 1 point j of the upper one. The fans at both
 // ends are fixed texts; the aft one overlaps the run before it, on purpose.
-void AppendFaces(std::string& text) {
+std::string FacesText() {
+  FileText text;
   for (const std::string_view fan : {" 10,  3, 12, -1, ", "  3,  5, 12, -1, ", "  5,  7, 12, -1, ",
                                      "  7, 11, 12, -1, ", " 11, 13, 12, -1, "}) {
     text += kIndent;
@@ -99,9 +100,10 @@ void AppendFaces(std::string& text) {
     text += kIndent;
     AppendLine(text, fan);
   }
+  return text.Take();
 }
 
-void AppendPoint(std::string& text, const SurfaceGrid& grid, int line, int point) {
+void AppendPoint(FileText& text, const SurfaceGrid& grid, int line, int point) {
   text += kIndent;
   AppendMetres(text, grid.SurfaceX(line, point));
   AppendMetres(text, grid.SurfaceY(line, point));
@@ -109,12 +111,12 @@ void AppendPoint(std::string& text, const SurfaceGrid& grid, int line, int point
   AppendLine(text, ", ");
 }
 
-void AppendShape(std::string& text, const SurfaceGrid& grid, int strip) {
+void AppendShape(FileText& text, std::string_view faces, const SurfaceGrid& grid, int strip) {
   text +=
       "      Shape {  \r\n"
       "        geometry IndexedFaceSet { \r\n"
       "          coordIndex [ \r\n";
-  AppendFaces(text);
+  text += faces;
   text +=
       "                  ] # end point \r\n"
       "\r\n"
@@ -140,10 +142,10 @@ void AppendShape(std::string& text, const SurfaceGrid& grid, int strip) {
 
 std::string Vrml2Text(const Sail& sail) {
   const int strips = sail.Definition.PanelCount;
-  std::string text;
-  text.reserve(2048 + static_cast<std::size_t>(std::max(strips, 0)) * kShapeBytes);
+  FileText text(2048 + static_cast<std::size_t>(std::max(strips, 0)) * kShapeBytes);
   AppendHead(text, sail.Definition);
-  for (int strip = 0; strip < strips; ++strip) AppendShape(text, sail.Grid, strip);
+  const std::string faces = FacesText();
+  for (int strip = 0; strip < strips; ++strip) AppendShape(text, faces, sail.Grid, strip);
   text +=
       "    ] # end children panels \r\n"
       "    } # end transform panels sheet \r\n"
@@ -152,7 +154,7 @@ std::string Vrml2Text(const Sail& sail) {
       "  ] # end children sail \r\n"
       "} # end transform sail \r\n"
       " \r\n";
-  return text;
+  return text.Take();
 }
 
 }  // namespace brivane

@@ -61,9 +61,10 @@ std::optional<char32_t> TakeCharacter(std::string_view& rest) {
 std::size_t PlainLength(std::string_view text) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
   std::size_t length = 0;
-  for (std::uint64_t block; length + sizeof block <= text.size(); length += sizeof block) {
-    std::memcpy(&block, text.data() + length, sizeof block);
-    if ((block & kHighBits) != 0) break;
+  for (std::array<std::uint64_t, 4> block; length + sizeof block <= text.size();
+       length += sizeof block) {
+    std::memcpy(block.data(), text.data() + length, sizeof block);
+    if (((block[0] | block[1] | block[2] | block[3]) & kHighBits) != 0) break;
   }
   while (length < text.size() && static_cast<unsigned char>(text[length]) < kFirstSpecial) ++length;
   return length;

@@ -23,8 +23,11 @@ std::string WithoutBlanks(std::string_view text) {
   std::string packed;
   packed.reserve(text.size());
   while (!text.empty()) {
-    const auto blank = std::find_if(kBlanks.begin(), kBlanks.end(),
-                                    [&](std::string_view each) { return text.starts_with(each); });
+    const auto blank =
+        IsDigit(text.front())
+            ? kBlanks.end()
+            : std::find_if(kBlanks.begin(), kBlanks.end(),
+                           [&](std::string_view each) { return text.starts_with(each); });
     if (blank == kBlanks.end()) packed += text.front();
     text.remove_prefix(blank == kBlanks.end() ? 1 : blank->size());
   }

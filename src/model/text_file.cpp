@@ -196,11 +196,17 @@ void LockForWriting(const OpenFile& file) {
   }
 }
 
-/// Empties the file, once nobody else writes to it. A device has nothing to be emptied.
-void EmptyForWriting(const OpenFile& file) {
-  if (!S_ISREG(StatusOf(file).st_mode)) return;
-  LockForWriting(file);
-  if (Uninterrupted([&] { return ftruncate(file.Descriptor(), 0); }) != 0)
+/// Waits until nobody else writes to the file and empties it. A device has nothing to be emptied;
+/// it is written to at its own pace.
+void PrepareForWriting(const OpenFile& file) {
+  if (S_ISREG(StatusOf(file).st_mode)) {
+    LockForWriting(file);
+    if (Uninterrupted([&] { return ftruncate(file.Descriptor(), 0); }) != 0)
+      Fail(errno, FileStep::Opening);
+    return;
+  }
+  const int flags = fcntl(file.Descriptor(), F_GETFL);
+  if (flags < 0 || fcntl(file.Descriptor(), F_SETFL, flags & ~O_NONBLOCK) != 0)
     Fail(errno, FileStep::Opening);
 }
 
@@ -307,16 +313,18 @@ time_t FillTemporary(const TemporaryFile& temporary, const std::optional<struct 
   throw FileError(FileErrorKind::Other, FileStep::Reading, "The file is larger than 1 MiB");
 }
 
-std::string ReadBytes(const OpenFile& file) {
+/// All bytes of a file of that size. What another program adds meanwhile is left out, but a file
+/// that the system makes up as it is read tells the size 0 and is read to its end.
+std::string ReadBytes(const OpenFile& file, std::size_t size) {
   std::string bytes;
   std::array<char, 16384> block;
   for (;;) {
     const ssize_t count =
         Uninterrupted([&] { return read(file.Descriptor(), block.data(), block.size()); });
     if (count < 0) Fail(errno, FileStep::Reading);
-    if (count == 0) return bytes;
     bytes.append(block.data(), static_cast<std::size_t>(count));
     if (bytes.size() > kLargestFile) FailTooLarge();
+    if (count == 0 || bytes.size() == size) return bytes;
   }
 }
 
@@ -330,7 +338,7 @@ std::string ReadWholeFile(const std::string& path) {
   RefuseFolder(status);
   if (!S_ISREG(status.st_mode)) FailNotRegular();
   if (status.st_size > static_cast<off_t>(kLargestFile)) FailTooLarge();
-  const std::string bytes = ReadBytes(file);
+  const std::string bytes = ReadBytes(file, static_cast<std::size_t>(status.st_size));
   const bool isMarked = bytes.starts_with(kByteOrderMark);
   std::string_view text = bytes;
   if (isMarked) text.remove_prefix(kByteOrderMark.size());
@@ -346,11 +354,7 @@ void WritePlainFile(const std::string& path, std::string_view text) {
   }
   OpenFile file(OpenUninterrupted(path, O_WRONLY | O_CREAT, kNewFileMode));
   if (file.Descriptor() < 0) Fail(errno, FileStep::Opening);
-  // A device is written to at its own pace.
-  const int flags = fcntl(file.Descriptor(), F_GETFL);
-  if (flags < 0 || fcntl(file.Descriptor(), F_SETFL, flags & ~O_NONBLOCK) != 0)
-    Fail(errno, FileStep::Opening);
-  EmptyForWriting(file);
+  PrepareForWriting(file);
   const Written written = WriteAll(file, IsPlainText(text) ? text : ToCodePage1252(text));
   if (written.Error != 0) Fail(written.Error, FileStep::Writing, written.Bytes);
   if (const int error = file.Close(); error != 0) Fail(error, FileStep::Closing, written.Bytes);

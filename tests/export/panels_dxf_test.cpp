@@ -25,40 +25,41 @@ std::string PanelText(const Sail& sail, int panel, char mark = '.') {
   return PanelDxfText(sail, panel, mark, stages);
 }
 
+std::string PolylineHeader(std::int16_t colour) {
+  FileText text;
+  WritePolylineHeader(text, colour);
+  return text.Take();
+}
+
+std::string Vertex(double x, double y, double z, char mark = '.') {
+  FileText text;
+  WriteVertex(text, VertexHead(7), x, y, z, mark);
+  return text.Take();
+}
+
 TEST(DxfEntities, PolylineHeaderOfAColour) {
-  std::string text;
-  WritePolylineHeader(text, 5);
-  EXPECT_EQ(text,
+  EXPECT_EQ(PolylineHeader(5),
             "  0\r\nPOLYLINE\r\n  8\r\n1\r\n 62\r\n      5\r\n 66\r\n      1\r\n"
             "  6\r\nCONTINUOUS\r\n 70\r\n      8\r\n");
 }
 
 TEST(DxfEntities, ColoursHaveFiveBlanksBeforeTheNumbersOwn) {
-  std::string seven;
-  WritePolylineHeader(seven, 7);
-  EXPECT_EQ(LineOf(seven, 6), "      7");
-  std::string byLayer;
-  WritePolylineHeader(byLayer, 256);
-  EXPECT_EQ(LineOf(byLayer, 6), "      256");
-  std::string negative;
-  WritePolylineHeader(negative, -1);
-  EXPECT_EQ(LineOf(negative, 6), "     -1");
+  EXPECT_EQ(LineOf(PolylineHeader(7), 6), "      7");
+  EXPECT_EQ(LineOf(PolylineHeader(256), 6), "      256");
+  EXPECT_EQ(LineOf(PolylineHeader(-1), 6), "     -1");
 }
 
 TEST(DxfEntities, VertexWithBothMarks) {
   const std::string head =
       "  0\r\nVERTEX\r\n  8\r\n1\r\n 62\r\n      7\r\n  6\r\nCONTINUOUS\r\n 70\r\n     32\r\n";
-  std::string point;
-  WriteVertex(point, VertexHead(7), 1234.567, -0.5, 0, '.');
-  EXPECT_EQ(point, head + " 10\r\n1234.57 \r\n 20\r\n-0.50 \r\n 30\r\n0.00 \r\n");
-  std::string comma;
-  WriteVertex(comma, VertexHead(7), 1234.567, -0.5, 0, ',');
-  EXPECT_EQ(comma, head + " 10\r\n1234,57 \r\n 20\r\n-0,50 \r\n 30\r\n0,00 \r\n");
+  EXPECT_EQ(Vertex(1234.567, -0.5, 0),
+            head + " 10\r\n1234.57 \r\n 20\r\n-0.50 \r\n 30\r\n0.00 \r\n");
+  EXPECT_EQ(Vertex(1234.567, -0.5, 0, ','),
+            head + " 10\r\n1234,57 \r\n 20\r\n-0,50 \r\n 30\r\n0,00 \r\n");
 }
 
 TEST(DxfEntities, CoordinatesRoundHalvesAwayFromZero) {
-  std::string text;
-  WriteVertex(text, VertexHead(7), 0.125, -0.125, 2.675, '.');
+  const std::string text = Vertex(0.125, -0.125, 2.675);
   EXPECT_EQ(LineOf(text, 12), "0.13 ");
   EXPECT_EQ(LineOf(text, 14), "-0.13 ");
   EXPECT_EQ(LineOf(text, 16), "2.68 ");
@@ -67,10 +68,9 @@ TEST(DxfEntities, CoordinatesRoundHalvesAwayFromZero) {
 TEST(DxfEntities, NoCoordinateThatIsNotFinite) {
   for (const double bad :
        {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
-    std::string text;
-    EXPECT_THROW(WriteVertex(text, VertexHead(7), bad, 0, 0, '.'), GeometryFault);
-    EXPECT_THROW(WriteVertex(text, VertexHead(7), 0, bad, 0, '.'), GeometryFault);
-    EXPECT_THROW(WriteVertex(text, VertexHead(7), 0, 0, -bad, '.'), GeometryFault);
+    EXPECT_THROW(Vertex(bad, 0, 0), GeometryFault);
+    EXPECT_THROW(Vertex(0, bad, 0), GeometryFault);
+    EXPECT_THROW(Vertex(0, 0, -bad), GeometryFault);
   }
 }
 

@@ -56,23 +56,22 @@ TEST(Plotter, SeventyPanels) {
 }
 
 TEST(Plotter, RecordAndPointAsTheFormatShowsThem) {
-  std::string text;
+  FileText text;
   AppendPlotterRecord(text, "01", 1234.5678, 567.25);
   AppendPlotterPoint(text, 1234.56, 567.84, '.');
   AppendPlotterCommand(text, "draw", 31);
-  EXPECT_EQ(text,
+  EXPECT_EQ(text.Take(),
             "panel,01, 1, 1234.5678, 567.25, 0, 6\r\n"
             "1234.6        567.8 \r\n"
             "draw           31\r\n");
 }
 
 TEST(Plotter, ALongFirstItemPushesTheSecondIntoTheNextZone) {
-  std::string text;
+  FileText text;
   AppendPlotterPoint(text, 12345678901.2, 1, '.');  // 14 characters with the blank
-  EXPECT_EQ(text, "12345678901.2" + std::string(15, ' ') + "1.0 \r\n");
-  text.clear();
-  AppendPlotterPoint(text, 1234567890.2, 1, '.');  // 13
-  EXPECT_EQ(text, "1234567890.2  1.0 \r\n");
+  AppendPlotterPoint(text, 1234567890.2, 1, '.');   // 13
+  EXPECT_EQ(text.Take(),
+            "12345678901.2" + std::string(15, ' ') + "1.0 \r\n" + "1234567890.2  1.0 \r\n");
 }
 
 TEST(Plotter, LabelPlaceOfEveryPairOfSeams) {
