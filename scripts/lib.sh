@@ -9,9 +9,12 @@ Complain() { printf '%s\n' "$*" >&2; }
 
 # Packages FOR...: the packages needed for any of the named purposes, one on each line.
 Packages() {
-  local purposes=" $* " name purpose
-  while read -r name purpose; do
-    [[ $name && $name != \#* && $purposes == *" $purpose "* ]] && Say "$name"
+  local wanted=" $* " name purposes purpose
+  while read -r name purposes; do
+    [[ $name && $name != \#* ]] || continue
+    for purpose in $purposes; do
+      [[ $wanted == *" $purpose "* ]] && Say "$name" && break
+    done
   done < scripts/packages
   return 0
 }

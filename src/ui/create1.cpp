@@ -73,6 +73,7 @@ void Create1::FillResults() {
   LeechLengthValue->setText(ToQt(LeechLengthText(Definition())));
   LpValue->setText(ToQt(LpText(Definition())));
   AreaValue->setText(ToQt(SailAreaText(Definition(), Current().DecimalMark)));
+  NameResults();
   for (std::size_t i = 0; i < OptCut1.size(); ++i) {
     // A keyword that no option stands for leaves them all off.
     OptCut1[i]->setAutoExclusive(false);

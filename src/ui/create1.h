@@ -81,6 +81,7 @@ class Create1 : public QDialog, public ProgramWindow {
   void Refill();
   void RefillUntyped();
   void FillResults();
+  void NameResults();
   void Paint(DimensionField field, FieldColour colour);
   void LeaveField(DimensionField field);
   void LeaveFocusedField();

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "ui/accessible.h"
 #include "ui/create1.h"
 #include "ui/current_sail.h"
 #include "ui/mnemonics.h"
@@ -137,6 +138,7 @@ QGroupBox* Create1::BuildCuts() {
     connect(OptCut1[i], &QRadioButton::clicked, this, [this, i] { ChooseCut(i); });
     column->addWidget(OptCut1[i]);
   }
+  TabToChecked({OptCut1.begin(), OptCut1.end()});
   column->addStretch();
   groups_[5] = group;
   return group;
@@ -169,6 +171,14 @@ void Create1::NameControls() {
   SDepth = {FieldOf(Field::SDepth0), FieldOf(Field::SDepth1), FieldOf(Field::SDepth2)};
 }
 
+/// A value alone says nothing to who does not see the caption before it.
+void Create1::NameResults() {
+  for (std::size_t i = 0; i < results_.size(); ++i)
+    results_[i].Value->setAccessibleName(Spoken(results_[i].Caption->text()) + ": " +
+                                         results_[i].Value->text().trimmed() + " " +
+                                         QString::fromUtf8(kResultUnits[i]));
+}
+
 void Create1::SetCaptions() {
   Mnemonics letters;
   setWindowTitle(TitleWith(texts::kDimensionsSuffix));
@@ -192,6 +202,7 @@ void Create1::SetCaptions() {
   const std::array<BilingualText, 3> results = {kLeechLengthCaption, kLpCaption, kSailAreaCaption};
   for (std::size_t i = 0; i < results.size(); ++i)
     results_[i].Caption->setText(CurrentText(results[i]));
+  NameResults();
   for (std::size_t i = 0; i < groups_.size(); ++i)
     groups_[i]->setTitle(CurrentText(texts::kDimensionGroups[i]));
   layout()->activate();

@@ -17,6 +17,7 @@
 #include "ui/save_command.h"
 #include "view/layout_summary.h"
 #include "view/navigation.h"
+#include "view/picture_words.h"
 #include "view/sail_drawing.h"
 
 namespace brivane {
@@ -124,6 +125,16 @@ void Dessin1::SailChanged() {
 void Dessin1::ShowLayout() {
   const CurrentSail& current = Current();
   layout_->setText(ToQt(LayoutSummary(current.TheSail, current.Language, current.DecimalMark)));
+}
+
+QString Dessin1::Described() const {
+  std::string words;
+  WordsOfFailure([&] {
+    const CurrentSail& current = Current();
+    words = SailPictureWords(current.TheSail, content_, ScrollAngle(HScroll1->value()),
+                             ScrollAngle(VScroll1->value()), current.Language, current.DecimalMark);
+  });
+  return ToQt(words);
 }
 
 void Dessin1::FitAndShow() {

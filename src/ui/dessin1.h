@@ -65,6 +65,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
   void SpeakOnPicture();  ///< draws the labels anew after a change of the language
   void Fit();
   void ShowLayout();
+  QString Described() const;
   void ResetScrollBars();
   void Turn(QScrollBar* moved);
   void PanPicture(PlanePoint from, PlanePoint to);

@@ -111,6 +111,8 @@ QScrollBar* Dessin1::MakeScrollBar(const char* name, Qt::Orientation orientation
   bar->setSingleStep(5);
   bar->setPageStep(25);
   bar->setFocusPolicy(Qt::StrongFocus);
+  // As the toolkit makes it, the right arrow would move the thumb of a level bar to the left.
+  bar->setInvertedControls(orientation == Qt::Vertical);
   if (orientation == Qt::Horizontal)
     bar->setFixedWidth(kScrollBarLength);
   else
@@ -122,10 +124,12 @@ QScrollBar* Dessin1::MakeScrollBar(const char* name, Qt::Orientation orientation
 void Dessin1::BuildPicture() {
   Picture1 = new PictureBox;
   Picture1->setMinimumSize(320, 240);
+  Picture1->setFocusPolicy(Qt::TabFocus);
   Picture1->OnPan = [this](PlanePoint from, PlanePoint to) { PanPicture(from, to); };
   Picture1->OnZoom = [this](PlanePoint from, PlanePoint to) { ZoomPicture(from, to); };
   Picture1->OnWheel = [this](PlanePoint at, double notches) { WheelPicture(at, notches); };
   Picture1->OnResize = [this] { PictureResized(); };
+  Picture1->Describe = [this] { return Described(); };
   HScroll1 = MakeScrollBar("HScroll1", Qt::Horizontal);
   VScroll1 = MakeScrollBar("VScroll1", Qt::Vertical);
   Image2 = new TurnIcon(Qt::Vertical, this);
@@ -202,10 +206,11 @@ void Dessin1::SetCaptions() {
   }
   NameControl(HScroll1, texts::kAzimuth);
   NameControl(Image2, texts::kAzimuth);
+  Image2->setAccessibleDescription(CurrentText(texts::kAzimuthIcon));
   NameControl(VScroll1, texts::kElevation);
   NameControl(Image1, texts::kElevation);
+  Image1->setAccessibleDescription(CurrentText(texts::kElevationIcon));
   Picture1->setAccessibleName(CurrentText(texts::kPicture));
-  Picture1->setAccessibleDescription(CurrentText(texts::kPictureHint));
   hint_->setText(CurrentText(texts::kPictureHint));
   ShowLayout();
   SpeakOnPicture();

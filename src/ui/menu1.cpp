@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "ui/accessible.h"
 #include "ui/create1.h"
 #include "ui/current_sail.h"
 #include "ui/dessin1.h"
@@ -56,11 +57,11 @@ void Menu1::Build() {
   Label1 = TitleLabel("Label1");
   Label2 = CentredLabel("Label2");
   Label3 = CentredLabel("Label3");
-  Create = new QPushButton(this);
+  Create = new QPushButton;
   Create->setObjectName("Create");
   Create->setMinimumHeight(44);
   Create->setDefault(true);
-  Terminate = new QPushButton(this);
+  Terminate = new QPushButton;
   Terminate->setObjectName("Terminate");
   Terminate->setMinimumHeight(36);
 
@@ -77,6 +78,7 @@ void Menu1::Build() {
   column->addWidget(Terminate);
   column->addStretch(1);
   column->addWidget(Label3);
+  Create->setFocus();
   connect(Create, &QPushButton::clicked, this, &Menu1::CreateSail);
   connect(Terminate, &QPushButton::clicked, this, &Menu1::Quit);
 }
@@ -87,8 +89,7 @@ QLayout* Menu1::LanguageRow() {
   row->addStretch();
   const std::array<const char*, 2> names = {"&Français", "&English"};
   for (int index = 0; index < 2; ++index) {
-    auto* option =
-        new QRadioButton(QString::fromUtf8(names[static_cast<std::size_t>(index)]), this);
+    auto* option = new QRadioButton(QString::fromUtf8(names[static_cast<std::size_t>(index)]));
     option->setObjectName(QString("Langue1_%1").arg(index));
     connect(option, &QRadioButton::toggled, this, [this, index](bool on) {
       if (on) ChooseLanguage(index);
@@ -97,6 +98,7 @@ QLayout* Menu1::LanguageRow() {
     row->addWidget(option);
   }
   row->addStretch();
+  TabToChecked({Langue1.begin(), Langue1.end()});
   return row;
 }
 

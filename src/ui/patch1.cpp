@@ -14,6 +14,7 @@
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 #include "view/patch_drawing.h"
+#include "view/picture_words.h"
 
 namespace brivane {
 
@@ -42,6 +43,9 @@ void Patch1::Build() {
   Picture1->setMinimumSize(320, 360);
   Picture1->setCursor(Qt::ArrowCursor);
   Picture1->OnResize = [this] { DrawPatches(); };
+  Picture1->Describe = [] {
+    return ToQt(PatchPictureWords(Current().TheSail, Current().Language));
+  };
   sizes_.reserve(2 * kCorners);
   auto* right = new QVBoxLayout;
   right->setSpacing(10);
@@ -133,7 +137,7 @@ void Patch1::SetCaptions() {
     Text3[i]->setAccessibleName(Label1[i]->text() + ", " + Label3[i]->text());
     for (QLineEdit* edit : {Text2[i], Text3[i]}) edit->setToolTip(CurrentText(texts::kPatchHint));
   }
-  Picture1->setAccessibleName(windowTitle());
+  Picture1->setAccessibleName(CurrentText(texts::kPatchPicture));
 }
 
 // --- Values --------------------------------------------------------------------------------------

@@ -1,10 +1,13 @@
 #include "ui/picture_box.h"
 
+#include <QAccessible>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 #include "ui/painter.h"
 #include "view/navigation.h"
@@ -27,6 +30,9 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
 void PictureBox::Show(Drawing drawing) {
   drawing_ = std::move(drawing);
   update();
+  if (!Describe || !QAccessible::isActive()) return;
+  QAccessibleEvent described(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&described);
 }
 
 PictureSize PictureBox::Size() const { return SizeOfPixels(width(), height()); }
@@ -49,6 +55,14 @@ void PictureBox::paintEvent(QPaintEvent*) {
   const double pen = std::max(1.0, std::floor(devicePixelRatioF()));
   PaintDrawing(painter, drawing_, SurfaceToPixels(size()), pen);
   PaintRubberBand(painter);
+  if (hasFocus()) PaintFocus(painter);
+}
+
+void PictureBox::PaintFocus(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 void PictureBox::PaintRubberBand(QPainter& painter) const {
@@ -108,6 +122,32 @@ void PictureBox::wheelEvent(QWheelEvent* event) {
   const double notches = event->angleDelta().y() / kWheelUnitsPerNotch;
   if (notches != 0 && OnWheel) OnWheel(PointAt(event->position()), notches);
   event->accept();
+}
+
+/// An arrow looks further that way: what is shown moves the other way.
+bool PictureBox::MoveByKey(int key) {
+  constexpr double kStep = 0.1;  // of the picture
+  const QPointF across(kStep * width(), 0);
+  const QPointF down(0, kStep * height());
+  const std::map<int, QPointF> moves = {
+      {Qt::Key_Left, across}, {Qt::Key_Right, -across}, {Qt::Key_Up, down}, {Qt::Key_Down, -down}};
+  const auto move = moves.find(key);
+  if (move == moves.end() || !OnPan) return false;
+  OnPan(PointAt({0, 0}), PointAt(move->second));
+  return true;
+}
+
+bool PictureBox::ZoomByKey(int key) {
+  const bool closer = key == Qt::Key_Plus || key == Qt::Key_Equal;
+  if (!(closer || key == Qt::Key_Minus) || !OnWheel) return false;
+  OnWheel(PointAt(QRectF(rect()).center()), closer ? 1 : -1);
+  return true;
+}
+
+void PictureBox::keyPressEvent(QKeyEvent* event) {
+  const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+  if (plain && (MoveByKey(event->key()) || ZoomByKey(event->key()))) return;
+  QWidget::keyPressEvent(event);
 }
 
 }  // namespace brivane

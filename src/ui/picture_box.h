@@ -10,7 +10,8 @@
 namespace brivane {
 
 /// A picture surface: a sheet of white paper in a user scale of surface units, whatever the theme.
-/// It shows a drawing and turns the mouse into gestures, told in surface units.
+/// It shows a drawing and turns the mouse, and the keys while it has the focus, into gestures, told
+/// in surface units.
 class PictureBox : public QWidget {
  public:
   explicit PictureBox(QWidget* parent = nullptr);
@@ -22,6 +23,8 @@ class PictureBox : public QWidget {
   /// The wheel was turned by so many notches with the pointer at a point.
   std::function<void(PlanePoint at, double notches)> OnWheel;
   std::function<void()> OnResize;
+  /// Tells in words what is shown, for who cannot see it.
+  std::function<QString()> Describe;
 
   /// Replaces what is shown; painted once, with everything else that this event changes.
   void Show(Drawing drawing);
@@ -41,10 +44,14 @@ class PictureBox : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void PaintRubberBand(QPainter& painter) const;
+  void PaintFocus(QPainter& painter) const;
   void EndDrag();
+  bool MoveByKey(int key);
+  bool ZoomByKey(int key);
 
   Drawing drawing_;
   Qt::MouseButton dragButton_ = Qt::NoButton;

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QPointer>
 
+#include "ui/accessible.h"
 #include "ui/current_sail.h"
 #include "ui/file_dialogs.h"
 #include "ui/printers.h"
@@ -92,6 +93,7 @@ void PrinterSetup::BuildPaper(QGridLayout* grid, const PrinterSettings& settings
   Landscape = new QRadioButton(CurrentText(texts::kLandscape));
   Landscape->setObjectName("Landscape");
   (settings.Orientation == QPageLayout::Portrait ? Portrait : Landscape)->setChecked(true);
+  TabToChecked({Portrait, Landscape});
   auto* row = new QHBoxLayout;
   row->addWidget(Portrait);
   row->addWidget(Landscape);

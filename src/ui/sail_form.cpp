@@ -74,6 +74,7 @@ void SailForm::ShowValues() {
     DepthAt80[i]->setText(Places(SectionDepthAt(section, 0.8), 1));
   }
   DepthPositionValue->setText(Places(sail.DepthPosition, 0));
+  NameValues();
   DrawProfiles();
 }
 

@@ -52,6 +52,7 @@ class SailForm : public QDialog, public ProgramWindow {
   QLayout* BuildDepthPosition();
   QLayout* BuildDrawings();
   QLayout* BuildButtons();
+  void AddRowTitle(QGridLayout* grid, int row);
   void AddBarRow(QGridLayout* grid, int row, std::array<QScrollBar*, kHeights>& bars,
                  std::array<QLabel*, kHeights>& values, const char* name);
   void AddValueRow(QGridLayout* grid, int row, std::array<QLabel*, kHeights>& values,
@@ -61,6 +62,7 @@ class SailForm : public QDialog, public ProgramWindow {
   // Values.
   void Fill();
   void ShowValues();
+  void NameValues();
   void DrawProfiles();
   void LeaveDepth(std::size_t height);
   void LeaveFocusedDepth();

@@ -5,11 +5,14 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "ui/accessible.h"
 #include "ui/current_sail.h"
+#include "ui/messages.h"
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
 #include "ui/sail_form.h"
 #include "ui/texts.h"
+#include "view/picture_words.h"
 
 namespace brivane {
 
@@ -46,6 +49,12 @@ QLabel* MakeDrawingTitle(const char* name) {
   return label;
 }
 
+QString Described(const MouldSection& section) {
+  std::string words;
+  WordsOfFailure([&] { words = ProfileWords(section, Current().Language, Current().DecimalMark); });
+  return ToQt(words);
+}
+
 QString Numbered(const char* name, std::size_t index) {
   return QString("%1_%2").arg(name).arg(index);
 }
@@ -78,10 +87,6 @@ QLayout* SailForm::BuildTable() {
     ColumnTitle[i] = MakeValue(Numbered("ColumnTitle", i));
     grid->addWidget(ColumnTitle[i], 0, static_cast<int>(i) + 1);
   }
-  for (std::size_t row = 0; row < rowTitles_.size(); ++row) {
-    rowTitles_[row] = new QLabel;
-    grid->addWidget(rowTitles_[row], static_cast<int>(row) + 1, 0);
-  }
   AddBarRow(grid, 1, VScroll1, LuffShapeValue, "VScroll1");
   AddDepthRow(grid, 2);
   AddBarRow(grid, 3, VScroll2, LeechShapeValue, "VScroll2");
@@ -94,9 +99,16 @@ QLayout* SailForm::BuildTable() {
   return grid;
 }
 
+void SailForm::AddRowTitle(QGridLayout* grid, int row) {
+  auto* title = new QLabel;
+  rowTitles_[static_cast<std::size_t>(row) - 1] = title;
+  grid->addWidget(title, row, 0);
+}
+
 void SailForm::AddBarRow(QGridLayout* grid, int row, std::array<QScrollBar*, kHeights>& bars,
                          std::array<QLabel*, kHeights>& values, const char* name) {
   constexpr int kMost = 100;  // 10 for the luff side, 0.2 for the leech side
+  AddRowTitle(grid, row);
   for (std::size_t i = 0; i < kHeights; ++i) {
     bars[i] = MakeBar(Numbered(name, i), 0, kMost);
     values[i] = MakeValue(Numbered(name, i) + "_Value");
@@ -110,6 +122,7 @@ void SailForm::AddBarRow(QGridLayout* grid, int row, std::array<QScrollBar*, kHe
 }
 
 void SailForm::AddDepthRow(QGridLayout* grid, int row) {
+  AddRowTitle(grid, row);
   for (std::size_t i = 0; i < kHeights; ++i) {
     auto* edit = new QLineEdit;
     edit->setObjectName(Numbered("Text2", i));
@@ -124,6 +137,7 @@ void SailForm::AddDepthRow(QGridLayout* grid, int row) {
 
 void SailForm::AddValueRow(QGridLayout* grid, int row, std::array<QLabel*, kHeights>& values,
                            const char* name) {
+  AddRowTitle(grid, row);
   for (std::size_t i = 0; i < kHeights; ++i) {
     values[i] = MakeValue(Numbered(name, i));
     grid->addWidget(values[i], row, static_cast<int>(i) + 1);
@@ -160,12 +174,14 @@ QLayout* SailForm::BuildDrawings() {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(16);
   grid->addWidget(FirstTitle, 0, 0);
-  grid->addWidget(SecondTitle, 0, 1);
   grid->addWidget(Picture1, 1, 0);
+  grid->addWidget(SecondTitle, 0, 1);
   grid->addWidget(Picture2, 1, 1);
   grid->setRowStretch(1, 1);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
+  Picture1->Describe = [] { return Described(DeepestSection(Current().TheSail.Definition)); };
+  Picture2->Describe = [] { return Described(TopSection(Current().TheSail.Definition)); };
   for (PictureBox* picture : {Picture1, Picture2}) {
     picture->setMinimumSize(260, 170);
     picture->setCursor(Qt::ArrowCursor);
@@ -201,15 +217,17 @@ void SailForm::SetCaptions() {
     button->setText(letters.Mark(CurrentText(caption)));
     button->setAccessibleName(CurrentText(caption));
   }
-  for (std::size_t row = 0; row < rowTitles_.size(); ++row)
+  for (std::size_t row = 0; row < rowTitles_.size(); ++row) {
     rowTitles_[row]->setText(CurrentText(texts::kMouldRows[row]));
+    rowTitles_[row]->setAccessibleName(Spoken(rowTitles_[row]->text()));
+  }
   positionTitle_->setText(CurrentText(texts::kDepthPosition));
   VScroll3->setAccessibleName(CurrentText(texts::kDepthPosition));
   for (std::size_t i = 0; i < kHeights; ++i) {
     const QString column = CurrentText(texts::kMouldColumns[i]);
     ColumnTitle[i]->setText(column);
     VScroll1[i]->setAccessibleName(CurrentText(texts::kLuffSide) + ", " + column);
-    Text2[i]->setAccessibleName(CurrentText(texts::kMouldRows[1]) + ", " + column);
+    Text2[i]->setAccessibleName(Spoken(CurrentText(texts::kMouldRows[1])) + ", " + column);
     Text2[i]->setToolTip(CurrentText(InfoOf(DepthField(i)).Tooltip));
     VScroll2[i]->setAccessibleName(CurrentText(texts::kLeechSide) + ", " + column);
   }
@@ -217,6 +235,26 @@ void SailForm::SetCaptions() {
   SecondTitle->setText(CurrentText(texts::kSecondProfile));
   Picture1->setAccessibleName(FirstTitle->text());
   Picture2->setAccessibleName(SecondTitle->text());
+  NameValues();
+}
+
+/// Names what the labels show after its row and column, and tells each bar the value beside it.
+void SailForm::NameValues() {
+  for (std::size_t i = 0; i < kHeights; ++i) {
+    const QString column = ", " + ColumnTitle[i]->text() + ": ";
+    const std::array<std::pair<QLabel*, BilingualText>, 4> values = {
+        {{LuffShapeValue[i], texts::kLuffSide},
+         {LeechShapeValue[i], texts::kLeechSide},
+         {DepthAt20[i], texts::kMouldRows[3]},
+         {DepthAt80[i], texts::kMouldRows[4]}}};
+    for (const auto& [label, row] : values)
+      label->setAccessibleName(Spoken(CurrentText(row)) + column + label->text());
+    VScroll1[i]->setAccessibleDescription(LuffShapeValue[i]->text());
+    VScroll2[i]->setAccessibleDescription(LeechShapeValue[i]->text());
+  }
+  DepthPositionValue->setAccessibleName(CurrentText(texts::kDepthPosition) + ": " +
+                                        DepthPositionValue->text());
+  VScroll3->setAccessibleDescription(DepthPositionValue->text());
 }
 
 }  // namespace brivane

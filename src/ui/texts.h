@@ -63,6 +63,10 @@ inline constexpr BilingualText kRedraw{"Redraw", "Redessiner"};
 inline constexpr BilingualText kLabels{"Labels", "Légende"};
 inline constexpr BilingualText kAzimuth{"Azimuth of the view", "Azimut de la vue"};
 inline constexpr BilingualText kElevation{"Elevation of the view", "Élévation de la vue"};
+inline constexpr BilingualText kAzimuthIcon{"An arrow round an upright axis",
+                                            "Une flèche autour d'un axe vertical"};
+inline constexpr BilingualText kElevationIcon{"An arrow round a level axis",
+                                              "Une flèche autour d'un axe horizontal"};
 inline constexpr BilingualText kPicture{"Drawing of the sail", "Dessin de la voile"};
 inline constexpr BilingualText kPictureHint{
     "Drag with the left button to zoom, with the right button to move; turn the wheel to zoom",
@@ -117,6 +121,8 @@ inline constexpr std::array<BilingualText, 4> kPatchWidth = {
      {"Width (% foot)", "Largeur (% bordure)"},
      {"Width (% gaff)", "Largeur (% vergue)"},
      {"Width (% gaff)", "Largeur (% vergue)"}}};
+inline constexpr BilingualText kPatchPicture{"Drawing of the corner patches",
+                                             "Dessin des renforts des coins"};
 inline constexpr BilingualText kPatchHint{"Whole percent from 1 to 50",
                                           "Pourcentage entier de 1 à 50"};
 inline constexpr BilingualText kPatchPlotter{"Tovarek plotter file", "Fichier traceur Tovarek"};

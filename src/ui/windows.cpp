@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QWidget>
 
+#include "ui/accessible.h"
 #include "ui/create1.h"
 #include "ui/dessin1.h"
 #include "ui/menu1.h"
@@ -13,7 +14,10 @@
 namespace brivane {
 
 // The start window resets the current sail, which the others show.
-Windows::Windows() { Start(); }
+Windows::Windows() {
+  DescribeOwnWidgets();
+  Start();
+}
 
 Windows::~Windows() { ending_ = true; }
 

@@ -18,6 +18,8 @@ class DrawingWindowTest : public QObject {
   void LayoutAroundThePicture();
   void LabelsSpeakWithTheCaptions();
   void ScrollBarsTurnTheView();
+  void ArrowsMoveTheThumbTheirWay();
+  void KeysMoveAndZoomThePicture();
   void AngleReadouts();
   void PanMovesByTheDrag();
   void ZoomFillsWithTheRectangle();
@@ -224,6 +226,54 @@ void DrawingWindowTest::ScrollBarsTurnTheView() {
   QCOMPARE(window.VScroll1->value(), -157);
   QCOMPARE(window.HScroll1->value(), 0);
   QCOMPARE(window.DrawCount(), draws + 1);
+}
+
+void DrawingWindowTest::ArrowsMoveTheThumbTheirWay() {
+  Desk desk;
+  desk.DesignDefaultSail();
+  Dessin1& window = desk.Picture();
+  const auto press = [](QScrollBar* bar, int key) {
+    bar->setFocus();
+    bar->setValue(0);
+    QTest::keyClick(bar, static_cast<Qt::Key>(key));
+    return bar->value();
+  };
+  QVERIFY(press(window.HScroll1, Qt::Key_Right) > 0);  // the least value stands on the left
+  QVERIFY(press(window.HScroll1, Qt::Key_Left) < 0);
+  QVERIFY(press(window.VScroll1, Qt::Key_Down) > 0);  // and at the top
+  QVERIFY(press(window.VScroll1, Qt::Key_Up) < 0);
+}
+
+void DrawingWindowTest::KeysMoveAndZoomThePicture() {
+  Desk desk;
+  desk.DesignDefaultSail();
+  PictureBox* picture = desk.Picture().Picture1;
+  const auto press = [picture](int key) {
+    const ViewState before = Current().View;
+    QTest::keyClick(picture, static_cast<Qt::Key>(key));
+    const ViewState& after = Current().View;
+    return PlanePoint{after.ViewOffsetX - before.ViewOffsetX,
+                      after.ViewOffsetY - before.ViewOffsetY};
+  };
+  picture->setFocus(Qt::TabFocusReason);
+  QVERIFY(picture->hasFocus());
+  // A tenth of the picture, the other way than the arrow looks.
+  const double across = picture->width() * kUnits / 10;
+  const double up = picture->height() * kUnits / 10;
+  QVERIFY(qAbs(press(Qt::Key_Right).x + across) < 1e-6);
+  QVERIFY(qAbs(press(Qt::Key_Left).x - across) < 1e-6);
+  QVERIFY(qAbs(press(Qt::Key_Up).y + up) < 1e-6);
+  QVERIFY(qAbs(press(Qt::Key_Down).y - up) < 1e-6);
+  // Zooming keeps the middle and comes back.
+  const ViewState before = Current().View;
+  press(Qt::Key_Plus);
+  QVERIFY(Current().View.ViewScale > before.ViewScale);
+  const PlanePoint middle = picture->PointAt(QRectF(picture->rect()).center());
+  const double still = (middle.x - before.ViewOffsetX) / before.ViewScale;
+  QVERIFY(qAbs((middle.x - Current().View.ViewOffsetX) / Current().View.ViewScale - still) < 1e-6);
+  press(Qt::Key_Minus);
+  QVERIFY(qAbs(Current().View.ViewScale / before.ViewScale - 1) < 1e-9);
+  QVERIFY(desk.Picture().Content().SeamLines);
 }
 
 void DrawingWindowTest::AngleReadouts() {
