@@ -213,16 +213,18 @@ TEST(SurfacePointZ, AddsCamberToTheTwistedSection) {
 }
 
 TEST(SurfacePointZ, MeasuresTheHeightFromTheLowestPointOfARoundedFoot) {
-  SailDefinition sail = SquareSail();
-  sail.FootRound = 250;
-  sail.TwistAngle = 0;
-  sail.LuffShape = sail.LeechShape = {0, 0, 0};
-  const SurfaceFrame frame(sail);
-  const double y = 1000;
-  const double chord = LeechAt(sail, y) + 0.01;
-  const double depth = DepthAt(sail, (250 + y) / (250 + sail.PeakPoint.y));
-  const double p = 1200 / chord;
-  EXPECT_NEAR(SurfacePointZ(frame, 1200, y), depth * chord * 4 * p * (1 - p), 1e-6);
+  for (const double round : {250.0, 1.0}) {
+    SailDefinition sail = SquareSail();
+    sail.FootRound = round;
+    sail.TwistAngle = 0;
+    sail.LuffShape = sail.LeechShape = {0, 0, 0};
+    const SurfaceFrame frame(sail);
+    const double y = 1000;
+    const double chord = LeechAt(sail, y) + 0.01;
+    const double depth = DepthAt(sail, (round + y) / (round + sail.PeakPoint.y));
+    const double p = 1200 / chord;
+    EXPECT_NEAR(SurfacePointZ(frame, 1200, y), depth * chord * 4 * p * (1 - p), 1e-6) << round;
+  }
 }
 
 TEST(SurfacePointZ, IsFlatWithoutDepthAndTwist) {

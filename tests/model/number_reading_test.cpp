@@ -151,6 +151,7 @@ TEST(WholeNumberText, TakesBothMarksAndBlanksAround) {
   EXPECT_EQ(ReadWholeNumberText(" 3.5", ',')->Value, 3.5);
   EXPECT_EQ(ReadWholeNumberText("3,5", ',')->Value, 3.5);
   EXPECT_EQ(ReadWholeNumberText("-.5E1", '.')->Value, -5);
+  EXPECT_EQ(ReadWholeNumberText("7.", '.')->Value, 7);
   EXPECT_EQ(ReadWholeNumberText("", '.')->Value, 0);
   EXPECT_EQ(ReadWholeNumberText("   ", ',')->Value, 0);
 }

@@ -232,6 +232,17 @@ TEST(DevelopPanels, FillsNoMoreThanItsPanels) {
   }
 }
 
+TEST(DevelopPanels, DrawsTheTopEdgeOfTheLastPanelAsItsGuideLine) {
+  Sail sail;
+  DesignPass(sail);
+  const int last = sail.Definition.PanelCount - 1;
+  for (int point = 6; point <= 34; ++point) {
+    EXPECT_EQ(sail.Panels.PanelEdgeX(last, point), sail.Panels.PanelUpperX(last, point));
+    EXPECT_EQ(sail.Panels.PanelEdgeY(last, point), sail.Panels.PanelUpperY(last, point));
+    EXPECT_LT(sail.Panels.PanelEdgeY(last - 1, point), sail.Panels.PanelUpperY(last - 1, point));
+  }
+}
+
 TEST(DevelopedWidth, IsTheGreatestOfAllThirtyOnePoints) {
   for (int widest = 5; widest <= 35; ++widest) {
     DevelopedPanels panels;

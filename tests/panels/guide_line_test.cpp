@@ -70,7 +70,8 @@ TEST(DrawGuideLine, EndsOnTheLowerSeamWhereThePanelRunsIntoItsAftCorner) {
 TEST(DrawGuideLine, KeepsToTheLowerSeamOfAPanelNarrowerThanTheSeam) {
   FlatPanel panel = Trapeze(0, 1000, 15);
   DrawGuideLine(panel, 20, false);
-  for (std::size_t point = 6; point <= 34; ++point) EXPECT_EQ(panel.Edge[point].y, 0);
+  for (std::size_t point = 6; point <= 34; ++point)
+    EXPECT_EQ(panel.Edge[point], panel.Lower[point]) << point;
 }
 
 TEST(DrawGuideLine, OfTheLastPanelIsItsTopEdge) {

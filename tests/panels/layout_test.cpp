@@ -325,6 +325,8 @@ TEST(VerticalCut, RunsItsLastLineDownTheLuffToTheTack) {
   LayOut(sail);
   const SailDefinition& d = sail.Definition;
   EXPECT_EQ(PointAt(sail, d.PanelCount, 35), (PlanePoint{0, 0}));
+  EXPECT_EQ(CodeOf(sail, d.PanelCount), CodeOf(sail, d.PanelCount - 1));
+  EXPECT_EQ(CodeOf(sail, d.PanelCount), 1);
   EXPECT_EQ(PointAt(sail, d.PanelCount, 5), PointAt(sail, d.PanelCount - 1, 5));
 }
 
