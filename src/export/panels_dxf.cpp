@@ -1,5 +1,7 @@
 #include "export/panels_dxf.h"
 
+#include <span>
+
 #include "export/dxf_entities.h"
 #include "export/failure_report.h"
 #include "model/failures.h"
@@ -24,9 +26,11 @@ struct Pen {
 
   // Points first to last of the panel, in either direction.
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
+    const std::span<const double> x = xs.Row(Panel);
+    const std::span<const double> y = ys.Row(Panel);
     const int step = first <= last ? 1 : -1;
     for (int k = first; k != last + step; k += step)
-      WriteVertex(Text, VertexHead, xs(Panel, k), ys(Panel, k), 0, DecimalMark);
+      WriteVertex(Text, VertexHead, x[k], y[k], 0, DecimalMark);
   }
 };
 

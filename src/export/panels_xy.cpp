@@ -1,6 +1,7 @@
 #include "export/panels_xy.h"
 
 #include <algorithm>
+#include <span>
 
 #include "export/record_text.h"
 #include "model/number_text.h"
@@ -36,9 +37,11 @@ struct PointList {
   int Panel;
 
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
+    const std::span<const double> x = xs.Row(Panel);
+    const std::span<const double> y = ys.Row(Panel);
     for (int k = first; k <= last; ++k) {
-      AppendPattern<kX>(Text, xs(Panel, k), DecimalMark);
-      AppendPattern<kY>(Text, ys(Panel, k), DecimalMark);
+      AppendPattern<kX>(Text, x[k], DecimalMark);
+      AppendPattern<kY>(Text, y[k], DecimalMark);
     }
   }
 };

@@ -1,6 +1,7 @@
 #include "export/plotter.h"
 
 #include <algorithm>
+#include <span>
 
 #include "export/record_text.h"
 #include "geometry/plane.h"
@@ -22,9 +23,11 @@ struct PointList {
   int Panel;
 
   void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
+    const std::span<const double> x = xs.Row(Panel);
+    const std::span<const double> y = ys.Row(Panel);
     const int step = first <= last ? 1 : -1;
     for (int k = first; k != last + step; k += step)
-      AppendPlotterPoint(Text, xs(Panel, k), ys(Panel, k), DecimalMark);
+      AppendPlotterPoint(Text, x[k], y[k], DecimalMark);
   }
 };
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <vector>
 
@@ -17,6 +18,10 @@ class Table {
  public:
   double& operator()(int row, int column) { return cells_[Index(row, column)]; }
   double operator()(int row, int column) const { return cells_[Index(row, column)]; }
+  /// The cells of a row, from FirstColumn on.
+  std::span<const double> Row(int row) const {
+    return std::span(cells_).subspan(Index(row, FirstColumn), kColumns);
+  }
   void Erase() { cells_.assign(kCells, 0.0); }
   bool operator==(const Table&) const = default;
 

@@ -23,11 +23,11 @@ QPen PenOf(const Stroke& stroke, double width) {
 
 void PaintStroke(QPainter& painter, const Stroke& stroke, const QTransform& toDevice,
                  double penWidth) {
-  QPolygonF line;
-  line.reserve(static_cast<qsizetype>(stroke.Points.size()));
-  for (const PlanePoint& point : stroke.Points) line << toDevice.map(QPointF(point.x, point.y));
+  QPolygonF line(static_cast<qsizetype>(stroke.Points.size()));
+  std::transform(stroke.Points.begin(), stroke.Points.end(), line.begin(),
+                 [](const PlanePoint& point) { return QPointF(point.x, point.y); });
   painter.setPen(PenOf(stroke, penWidth));
-  painter.drawPolyline(line);
+  painter.drawPolyline(toDevice.map(line));  // the whole line at once, a third of one by one
 }
 
 /// The font of a text: a size in surface units, or the painter's own.

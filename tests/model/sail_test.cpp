@@ -16,6 +16,19 @@ TEST(Table, HoldsEveryIndexWithinItsBounds) {
   EXPECT_EQ(table, SurfaceTable{});
 }
 
+TEST(Table, ARowHoldsItsCellsFromTheFirstColumnOn) {
+  SurfaceTable table;
+  table(91, -1) = 1;
+  table(91, 43) = 2;
+  table(0, 0) = 3;
+  ASSERT_EQ(table.Row(91).size(), std::size_t{45});
+  EXPECT_EQ(table.Row(91).front(), 1);
+  EXPECT_EQ(table.Row(91).back(), 2);
+  EXPECT_EQ(table.Row(0)[1], 3);
+  EXPECT_THROW(table.Row(92), std::out_of_range);
+  EXPECT_THROW(table.Row(-1), std::out_of_range);
+}
+
 TEST(Table, RefusesAnIndexBeyondItsBounds) {
   SurfaceTable surface;
   EXPECT_THROW(surface(-1, 0), std::out_of_range);
