@@ -57,6 +57,7 @@ inline constexpr std::size_t kLongestFixed = 320;
 /// Writes a number as AppendFixed does, the sign aside, and returns its end. For any number.
 char* PutAnyFixed(char* at, double magnitude, int places, char decimalMark);
 
+/// The two digits of each number below 100, one pair behind the other.
 inline constexpr std::array<char, 200> kDigitPairs = [] {
   std::array<char, 200> pairs{};
   for (std::size_t number = 0; number < 100; ++number) {
@@ -97,6 +98,7 @@ char* PutPlaces(char* at, std::uint32_t number) {
   return at + Places;
 }
 
+/// Writes the words as they are. Returns their end.
 inline char* PutWords(char* at, std::string_view words) {
   std::memcpy(at, words.data(), words.size());
   return at + words.size();
@@ -138,10 +140,12 @@ inline void AppendSignedNumber3(FileText& text, bool negative, double magnitude)
   text.EndAt(PutWords(at, " "));
 }
 
+/// Appends what FormatNumber3 makes of a value.
 inline void AppendNumber3(FileText& text, double value) {
   AppendSignedNumber3(text, value < 0, std::fabs(value));
 }
 
+/// Appends what FormatMetres makes of millimetres.
 inline void AppendMetres(FileText& text, double millimetres) {
   AppendSignedNumber3(text, millimetres < 0, std::fabs(millimetres / 1000));
 }

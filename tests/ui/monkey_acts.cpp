@@ -12,7 +12,8 @@
 #include "ui/monkey.h"
 #include "ui/printer_setup.h"
 
-// What a monkey does next, by what is in front.
+// What a monkey does next, by what is in front. Long because every window and dialog has acts of
+// its own, and the choice among them stands in one place.
 
 namespace brivane {
 
