@@ -7,8 +7,8 @@
 
 using namespace brivane;
 
-/// The drawing window: its commands, its scroll bars and the mouse on its picture. Long because
-/// bars, keys, mouse and commands all work the one picture and are tried against each other.
+/// The drawing window: its commands, its scroll bars and the mouse on its picture.
+/// Long because bars, keys, mouse and commands all work the one picture and each other.
 class DrawingWindowTest : public QObject {
   Q_OBJECT
 
