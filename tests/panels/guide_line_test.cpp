@@ -72,6 +72,8 @@ TEST(DrawGuideLine, KeepsToTheLowerSeamOfAPanelNarrowerThanTheSeam) {
   DrawGuideLine(panel, 20, false);
   for (std::size_t point = 6; point <= 34; ++point)
     EXPECT_EQ(panel.Edge[point], panel.Lower[point]) << point;
+  EXPECT_EQ(panel.Edge[5], (PlanePoint{0, 15}));
+  EXPECT_EQ(panel.Edge[35], (PlanePoint{1000, 15}));
 }
 
 TEST(DrawGuideLine, OfTheLastPanelIsItsTopEdge) {
