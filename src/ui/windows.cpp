@@ -6,6 +6,7 @@
 
 #include "ui/accessible.h"
 #include "ui/create1.h"
+#include "ui/current_sail.h"
 #include "ui/dessin1.h"
 #include "ui/menu1.h"
 #include "ui/patch1.h"
@@ -90,7 +91,12 @@ void Windows::TellLeft(ProgramWindow& window) {
   QMetaObject::invokeMethod(
       this,
       [this, &window] {
-        if (!ending_) window.Left();
+        if (ending_) return;
+        const SailDefinition before = Current().TheSail.Definition;
+        window.Left();
+        // The window that came to the front has filled itself from what was there before.
+        const bool changed = Current().TheSail.Definition != before;
+        if (changed && front_ != nullptr && !ending_) front_->Activated();
       },
       Qt::QueuedConnection);
 }

@@ -12,7 +12,8 @@
 #include "ui/file_dialogs.h"
 #include "ui/printing.h"
 
-// The run of a monkey: starts, ends, rules. What it does stands in monkey_acts.cpp.
+// The run of a monkey: starts, ends, rules. What it does stands in monkey_acts.cpp and
+// monkey_events.cpp.
 
 namespace brivane {
 
@@ -66,7 +67,10 @@ void Monkey::Fail(const QString& words) {
 }
 
 void Monkey::Note(const QString& words) {
-  last_ << QString("%1 %2").arg(account_.Events).arg(words);
+  const QWidget* const window = QApplication::activeWindow();
+  const QString front = window == nullptr ? QString("-") : window->objectName();
+  const char* const language = Current().Language == Language::English ? "en" : "fr";
+  last_ << QString("%1 %2 [%3] %4").arg(account_.Events).arg(language, front, words);
   if (last_.size() > kKeptEvents) last_.removeFirst();
 }
 
@@ -94,6 +98,7 @@ void Monkey::End() {
   killTimer(timer_);
   timer_ = 0;
   hands_.ReleaseAnywhere();
+  elsewhere_.hide();
   const SeenWindows windows;
   const bool startHidden = windows.Start != nullptr && !windows.Start->isVisible();
   if (!IsDone() && !quitAsked_ && !startHidden) Fail("the program ended though nobody ended it");
@@ -118,6 +123,7 @@ void Monkey::timerEvent(QTimerEvent* event) {
   timer_ = startTimer(0);
   if (KeepOneInFront()) return;
   Measure();
+  if (IsStillSettling()) return;
   TryRules();
   if (IsDone()) return QCoreApplication::exit(0);
   ++account_.Events;
@@ -141,11 +147,19 @@ bool Monkey::KeepOneInFront() {
       wanted = window;
   if (wanted == nullptr) return false;
   if (wanted->isMinimized()) wanted->showNormal();
+  elsewhere_.hide();
   wanted->activateWindow();
-  // Coming back from another program, the platform takes the window as active still.
-  if (QGuiApplication::focusWindow() == wanted->windowHandle())
-    QApplication::setActiveWindow(wanted);
   return true;
+}
+
+/// What a timer of the program or of the toolkit is still to put right is no fault.
+bool Monkey::IsStillSettling() {
+  constexpr qint64 kMostMs = 500;
+  if (quitAsked_ || rules_.Fault().isEmpty()) return settling_.invalidate(), false;
+  if (!settling_.isValid()) settling_.start();
+  if (settling_.elapsed() < kMostMs) return true;
+  settling_.invalidate();
+  return false;
 }
 
 void Monkey::Measure() {

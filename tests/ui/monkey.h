@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <array>
@@ -56,6 +57,9 @@ struct MonkeyAccount {
   QString LongestEvent;
 };
 
+/// What a widget is called in the account of the events.
+QString NameOf(const QWidget* widget);
+
 /// Works the windows without sense, one event after the other, out of the event loop, as a user
 /// would: a dialog that an event opens is worked by the events that follow. After each event, once
 /// all that it set off is done, the rules are tried; the first that is broken ends the run.
@@ -86,6 +90,7 @@ class Monkey : public QObject {
   void WatchQuit();
   void TryRules();
   bool KeepOneInFront();
+  bool IsStillSettling();
   void Measure();
   void Act();
   void Note(const QString& words);
@@ -136,6 +141,7 @@ class Monkey : public QObject {
   Dice dice_;
   MonkeyHands hands_;
   std::unique_ptr<Windows> windows_;
+  QWindow elsewhere_;  ///< stands for another program
   MonkeyAccount account_;
   QStringList last_;
   std::deque<Intention> intentions_;
@@ -143,6 +149,7 @@ class Monkey : public QObject {
   int timer_ = 0;
   int attempts_ = 0;  ///< to bring a window to the front
   int rounds_ = 0;    ///< of the event loop since the last event
+  QElapsedTimer settling_;
   bool running_ = false;
   bool quitAsked_ = false;
   bool quitWatched_ = false;

@@ -63,7 +63,8 @@ QString FaultOfRecord() {
                 sail.PeakPoint.y, sail.PeakPoint.z) &&
       AllFinite(sail.Depth) && AllFinite(sail.LuffShape) && AllFinite(sail.LeechShape);
   if (!finite) return "the record holds what is not finite";
-  if (sail.PanelCount < 0 || sail.PanelCount > kMostPanels) return "an impossible panel count";
+  if (sail.PanelCount < 0 || sail.PanelCount > kMostPanels)
+    return QString("%1 panels").arg(sail.PanelCount);
   const ViewState& view = Current().View;
   if (!AreFinite(view.ViewOffsetX, view.ViewOffsetY, view.ViewScale, view.DevelopOriginX,
                  view.DevelopOriginY))
@@ -229,7 +230,12 @@ QString FaultOfPicture(const Dessin1& window) {
                          ScrollAngle(window.VScroll1->value()), Current().Language);
   });
   if (fault.isEmpty() && !Same(window.Picture1->Shown(), wanted))
-    fault = "the picture is not that of the current sail";
+    fault =
+        QString("the picture is not that of the current sail: %1 strokes and %2 texts, %3 and %4")
+            .arg(window.Picture1->Shown().Strokes.size())
+            .arg(window.Picture1->Shown().Texts.size())
+            .arg(wanted.Strokes.size())
+            .arg(wanted.Texts.size());
   return fault;
 }
 

@@ -9,16 +9,15 @@
 #include <cstdio>
 #include <exception>
 
+#include "model/sail_file.h"
+#include "ui/current_sail.h"
+
 using namespace brivane;
 
 namespace {
 
 /// Events in each language, where nothing else is said.
-#ifdef __SANITIZE_ADDRESS__
-constexpr int kShare = 500;
-#else
-constexpr int kShare = 1500;
-#endif
+constexpr int kShare = 150;
 
 Monkey* theMonkey = nullptr;
 
@@ -107,7 +106,10 @@ void MonkeyTest::WorksTheWindows() {
   theMonkey = nullptr;
   alarm(0);
   qInstallMessageHandler(before);
-  if (!account.Fault.isEmpty()) PrintLastEvents(account.LastEvents);
+  if (!account.Fault.isEmpty()) {
+    PrintLastEvents(account.LastEvents);
+    std::fputs(SailDataText(Current().TheSail.Definition).c_str(), stderr);
+  }
   std::printf("note: %s: %d events, %d in French, %d in dialogs, %d starts, longest %.0f ms (%s)\n",
               name, account.Events, account.ByLanguage[0], account.Dialogs, account.Starts,
               account.LongestMs, qPrintable(account.LongestEvent));

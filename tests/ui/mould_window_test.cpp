@@ -23,6 +23,7 @@ class MouldWindowTest : public QObject {
   void ManualsTellTheRangesOfTheBars();
   void DepthIsLimited();
   void DroppedDepthIsReadBack();
+  void ShowsWhatTheDimensionsAreLeftWith();
   void EveryMoveIsDrawnAtOnce();
   void ValuesBeyondABarAreKept();
   void ClosingLaysTheSailOutAnew();
@@ -189,6 +190,16 @@ void MouldWindowTest::DroppedDepthIsReadBack() {
   QCOMPARE(Definition().Depth[1], 12.0);
   Press(window.Done);
   QTRY_COMPARE(Definition().Depth[2], 7.0);
+}
+
+void MouldWindowTest::ShowsWhatTheDimensionsAreLeftWith() {
+  Desk desk;
+  OpenMould(desk);
+  desk.GoTo(desk.Dimensions());
+  TypeAndStay(desk.Dimensions().SDepth[1], "12");
+  desk.GoTo(desk.Mould());
+  QTRY_COMPARE(Definition().Depth[1], 12.0);
+  QCOMPARE(desk.Mould().Text2[1]->text(), "12");
 }
 
 void MouldWindowTest::EveryMoveIsDrawnAtOnce() {
