@@ -11,8 +11,8 @@ std::string TitleOf(std::string_view label) {
 std::string WordsOf(const std::exception& failure, Language language) {
   if (const auto* file = dynamic_cast<const FileError*>(&failure); file && file->IsPathAccess())
     return std::string(kPathAccessText);
-  if (const auto* fault = dynamic_cast<const GeometryFault*>(&failure))
-    return std::string(fault->Words.In(language));
+  if (const auto* spoken = dynamic_cast<const BilingualError*>(&failure))
+    return std::string(spoken->Words.In(language));
   return failure.what();
 }
 

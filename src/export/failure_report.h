@@ -14,7 +14,7 @@ namespace brivane {
 std::string TitleOf(std::string_view label);
 
 /// What a message box says about a failure: the one fixed text of the path and file access family,
-/// a geometry fault's words in the language, else the failure's own words.
+/// else the failure's words, in the language where it speaks both.
 std::string WordsOf(const std::exception& failure, Language language);
 
 /// Runs the writer. A failure comes back as a report under TitleOf(label).

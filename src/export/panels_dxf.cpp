@@ -150,7 +150,7 @@ SaveOutcome ePanelDXF(const Sail& sail, std::string_view path, Language language
     } catch (const FileError& error) {
       if (error.IsPathAccess())
         return {FailureReport{TitleOf(kTitleLabel), std::string(kPathAccessText)}, {}};
-      return {Report(panel, StageOfFailure(stages, error), error.what()), {}};
+      return {Report(panel, StageOfFailure(stages, error), error.Words.In(language)), {}};
     } catch (const std::exception& error) {
       return {Report(panel, stages.back().Label, WordsOf(error, language)), {}};
     }

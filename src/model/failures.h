@@ -22,12 +22,20 @@ enum class FileErrorKind {
 /// At which step of writing a file the failure came.
 enum class FileStep { Opening, Reading, Writing, Closing };
 
-/// A file could not be read or written. what() is the system's own words.
-class FileError : public std::runtime_error {
+/// A failure that speaks both languages. what() is the English words.
+class BilingualError : public std::runtime_error {
  public:
-  FileError(FileErrorKind kind, FileStep step, const std::string& words,
-            std::size_t bytesWritten = 0)
-      : std::runtime_error(words), Kind(kind), Step(step), BytesWritten(bytesWritten) {}
+  explicit BilingualError(BilingualText words)
+      : std::runtime_error(std::string(words.English)), Words(words) {}
+
+  BilingualText Words;
+};
+
+/// A file could not be read or written. The words are those of the system for its error.
+class FileError : public BilingualError {
+ public:
+  FileError(FileErrorKind kind, FileStep step, BilingualText words, std::size_t bytesWritten = 0)
+      : BilingualError(words), Kind(kind), Step(step), BytesWritten(bytesWritten) {}
 
   /// True for the path and file access family (error 75).
   bool IsPathAccess() const { return Kind != FileErrorKind::Other; }
@@ -49,12 +57,9 @@ class ReadError : public std::runtime_error {
 
 /// A computation on the sail cannot go on: a floating-point fault or a shape that cannot be laid
 /// out. The words tell the user what to change.
-class GeometryFault : public std::runtime_error {
+class GeometryFault : public BilingualError {
  public:
-  explicit GeometryFault(BilingualText words)
-      : std::runtime_error(std::string(words.English)), Words(words) {}
-
-  BilingualText Words;
+  using BilingualError::BilingualError;
 };
 
 }  // namespace brivane

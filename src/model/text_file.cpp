@@ -14,11 +14,11 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <thread>
 #include <utility>
 
 #include "model/failures.h"
+#include "model/system_words.h"
 
 namespace brivane {
 namespace {
@@ -60,7 +60,7 @@ FileErrorKind KindOf(int code) {
 }
 
 [[noreturn]] void Fail(int code, FileStep step, std::size_t bytesWritten = 0) {
-  throw FileError(KindOf(code), step, std::generic_category().message(code), bytesWritten);
+  throw FileError(KindOf(code), step, SystemErrorWords(code), bytesWritten);
 }
 
 /// A path that the system would read otherwise than it is written.
@@ -146,13 +146,13 @@ void RefuseFolder(const struct stat& status) {
 }
 
 [[noreturn]] void FailNotRegular() {
-  throw FileError(FileErrorKind::NotARegularFile, FileStep::Opening, "Not a regular file");
+  throw FileError(FileErrorKind::NotARegularFile, FileStep::Opening,
+                  {"Not a regular file", "Pas un fichier ordinaire"});
 }
 
 void RefuseReadOnly(const struct stat& status) {
   if (S_ISREG(status.st_mode) && (status.st_mode & kAnyWritePermission) == 0)
-    throw FileError(FileErrorKind::ReadOnly, FileStep::Opening,
-                    std::generic_category().message(EACCES));
+    throw FileError(FileErrorKind::ReadOnly, FileStep::Opening, SystemErrorWords(EACCES));
 }
 
 std::string FolderOf(const std::string& path) {
@@ -190,8 +190,9 @@ void LockForWriting(const OpenFile& file) {
   for (int tries = 0; fcntl(file.Descriptor(), F_SETLK, &whole) != 0; ++tries) {
     if (errno != EACCES && errno != EAGAIN && errno != EINTR) return;
     if (tries == kMostLockTries)
-      throw FileError(FileErrorKind::Other, FileStep::Opening,
-                      "Another program is writing to this file");
+      throw FileError(
+          FileErrorKind::Other, FileStep::Opening,
+          {"Another program is writing to this file", "Un autre programme écrit dans ce fichier"});
     std::this_thread::sleep_for(kLockPause);
   }
 }
@@ -310,7 +311,8 @@ time_t FillTemporary(const TemporaryFile& temporary, const std::optional<struct 
 // --- Reading -----------------------------------------------------------------------------------
 
 [[noreturn]] void FailTooLarge() {
-  throw FileError(FileErrorKind::Other, FileStep::Reading, "The file is larger than 1 MiB");
+  throw FileError(FileErrorKind::Other, FileStep::Reading,
+                  {"The file is larger than 1 MiB", "Le fichier dépasse 1 Mio"});
 }
 
 /// All bytes of a file of that size. What another program adds meanwhile is left out, but a file

@@ -312,7 +312,7 @@ TEST_P(DiskFaults, NoMoreFilesMayBeOpen) {
     const rlimit lower = {static_cast<rlim_t>(lowestFree), old.rlim_max};
     // Failures to warm up on: what the sanitizers check for the first time takes a pipe of theirs.
     saver.Save(sail, place + "/missing");
-    const FileError other(FileErrorKind::Other, FileStep::Opening, "");
+    const FileError other(FileErrorKind::Other, FileStep::Opening, BilingualText{});
     const std::exception& checked = other;
     findings.Expect(checked.what() != nullptr, "no words");
     findings.Expect(setrlimit(RLIMIT_NOFILE, &lower) == 0, "no limit can be set");

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "model/failures.h"
+#include "model/text_file.h"
 #include "ui/desk.h"
 #include "ui/mnemonics.h"
 #include "ui/qt_translation.h"
@@ -30,7 +31,8 @@ void MessagesTest::FailuresAreToldOnceUnderTheirTitle() {
     seen.push_back({title, text});
   });
   QVERIFY(!RunGuarded(nullptr, "a", [] {
-    throw FileError(FileErrorKind::Other, FileStep::Writing, "No space left on device");
+    throw FileError(FileErrorKind::Other, FileStep::Writing,
+                    {"No space left on device", "Plus de place sur le disque"});
   }));
   QVERIFY(!RunGuarded(nullptr, "b", [] { throw ReadError("Overflow: line 39"); }));
   QVERIFY(!RunGuarded(nullptr, "c", [] { throw std::out_of_range("Subscript out of range"); }));
@@ -44,6 +46,8 @@ void MessagesTest::GeometryFaultSpeaksTheLanguage() {
   const auto fail = [] { throw GeometryFault({"flat", "plat"}); };
   Current().Language = Language::French;
   QCOMPARE(WordsOfFailure(fail).value(), "plat");
+  const auto failToRead = [] { ReadWholeFile("/no/such/folder/a.bv3"); };
+  QCOMPARE(WordsOfFailure(failToRead).value(), "Aucun fichier ou dossier de ce nom");
   Current().Language = Language::English;
   QCOMPARE(WordsOfFailure(fail).value(), "flat");
 }
