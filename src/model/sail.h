@@ -22,6 +22,9 @@ class Table {
   std::span<const double> Row(int row) const {
     return std::span(cells_).subspan(Index(row, FirstColumn), kColumns);
   }
+  /// Column 0 of a row, on which its other columns follow. The row is checked, columns are not.
+  double* Points(int row) { return &cells_[Index(row, 0)]; }
+  const double* Points(int row) const { return &cells_[Index(row, 0)]; }
   void Erase() { cells_.assign(kCells, 0.0); }
   bool operator==(const Table&) const = default;
 

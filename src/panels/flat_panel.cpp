@@ -16,27 +16,44 @@ std::size_t Index(int point) { return static_cast<std::size_t>(point); }
 /// The upper seam moved inside by the seam width and lengthened at both ends.
 using OffsetSeam = std::array<PlanePoint, kSeamPoints + 2>;
 
-PlanePoint Unit(PlanePoint a) {
-  const double length = Length(a);
-  return length > 0 ? (1 / length) * a : PlanePoint{1, 0};
+/// Unit vectors along the edges of the upper seam, the last one twice. Coordinates stand apart, so
+/// that the compiler computes two of them at once.
+struct Directions {
+  std::array<double, kSeamPoints> X, Y;
+};
+
+Directions DirectionsOf(const PlanePoint* seam) {
+  Directions directions;
+  for (std::size_t i = 0; i + 1 < kSeamPoints; ++i) {
+    const PlanePoint edge = seam[i + 1] - seam[i];
+    const double length = Length(edge);
+    const double empty = length > 0 ? 0.0 : 1.0;  // two points in one place: the axis' direction
+    const double scale = 1 / (length + empty);
+    directions.X[i] = scale * edge.x + empty;
+    directions.Y[i] = scale * edge.y;
+  }
+  directions.X.back() = directions.X[kSeamPoints - 2];
+  directions.Y.back() = directions.Y[kSeamPoints - 2];
+  return directions;
 }
 
 OffsetSeam MoveInside(const FlatPanel& panel, double seamWidth) {
-  std::array<PlanePoint, kSeamPoints> seam;
-  std::copy_n(panel.Upper.begin() + kForwardCorner, kSeamPoints, seam.begin());
+  const PlanePoint* seam = &panel.Upper[kForwardCorner];
+  const auto& [x, y] = DirectionsOf(seam);
+  const PlanePoint first{x.front(), y.front()};
+  const PlanePoint last{x.back(), y.back()};
   OffsetSeam offset;
-  PlanePoint before = Unit(seam[1] - seam[0]);
-  const PlanePoint first = before;
-  for (std::size_t i = 0; i < seam.size(); ++i) {
-    const PlanePoint after = i + 1 < seam.size() ? Unit(seam[i + 1] - seam[i]) : before;
-    // Inside is to the right going aft; the mitre keeps the width along both neighbours.
-    const PlanePoint normals{before.y + after.y, -before.x - after.x};
-    offset[i + 1] = seam[i] + (seamWidth / std::max(1 + Dot(before, after), 0.1)) * normals;
-    before = after;
+  // Inside is to the right going aft.
+  offset[1] = seam[0] + seamWidth * PlanePoint{first.y, -first.x};
+  for (std::size_t i = 1; i < kSeamPoints; ++i) {
+    // The mitre keeps the width along both neighbours.
+    const double turn = x[i - 1] * x[i] + y[i - 1] * y[i];
+    const double scale = seamWidth / std::max(1 + turn, 0.1);
+    offset[i + 1] = {seam[i].x + scale * (y[i - 1] + y[i]), seam[i].y - scale * (x[i - 1] + x[i])};
   }
-  const double reach = Length(seam.back() - seam.front()) + seamWidth;
+  const double reach = Length(seam[kSeamPoints - 1] - seam[0]) + seamWidth;
   offset.front() = offset[1] - reach * first;
-  offset.back() = offset[Index(kSeamPoints)] + reach * before;
+  offset.back() = offset[Index(kSeamPoints)] + reach * last;
   return offset;
 }
 
@@ -76,24 +93,33 @@ std::optional<double> FirstMeeting(const FlatPanel& panel, const OffsetSeam& sea
 }
 
 PlanePoint PointAt(const OffsetSeam& seam, double place) {
-  const auto k = std::min(static_cast<std::size_t>(place), seam.size() - 2);
-  return Between(seam[k], seam[k + 1], place - static_cast<double>(k));
+  const int k = std::min(static_cast<int>(place), kSeamPoints);
+  return Between(seam[Index(k)], seam[Index(k + 1)], place - k);
 }
 
-/// The height of the lower seam at one x after another, going aft, mm.
-class LowerHeight {
+/// The lower seam under one point after another, going aft.
+class LowerSeam {
  public:
-  explicit LowerHeight(const FlatPanel& panel) : panel_(panel) {}
+  explicit LowerSeam(const FlatPanel& panel) : panel_(panel) {
+    for (int point = kForwardCorner; point <= kAftCorner; ++point)
+      highest_ = std::max(highest_, panel.Lower[Index(point)].y);
+  }
 
-  double At(double x) {
-    while (point_ + 1 < kAftCorner && panel_.Lower[Index(point_ + 1)].x < x) ++point_;
-    const PlanePoint a = panel_.Lower[Index(point_)];
-    const PlanePoint b = panel_.Lower[Index(point_ + 1)];
-    return b.x > a.x ? a.y + (b.y - a.y) * (x - a.x) / (b.x - a.x) : a.y;
+  /// Lifts the point onto the seam where it lies below.
+  void Lift(PlanePoint& at) {
+    const PlanePoint* lower = panel_.Lower.data();
+    // Nearly always: there is no need to search for the edge below.
+    if (at.y >= highest_ && at.x >= lower[kForwardCorner].x && at.x <= lower[kAftCorner].x) return;
+    while (point_ + 1 < kAftCorner && lower[point_ + 1].x < at.x) ++point_;
+    const PlanePoint a = lower[point_];
+    const PlanePoint b = lower[point_ + 1];
+    const double height = b.x > a.x ? a.y + (b.y - a.y) * (at.x - a.x) / (b.x - a.x) : a.y;
+    at.y = std::max(at.y, height);
   }
 
  private:
   const FlatPanel& panel_;
+  double highest_ = 0;  ///< the seam's ends lie at 0
   int point_ = kForwardCorner;
 };
 
@@ -104,11 +130,11 @@ void SpreadAlong(FlatPanel& panel, const OffsetSeam& seam, double from, double t
   panel.Edge[Index(kLastOnCut)] = PointAt(seam, to);
   const double start = std::clamp(from, 1.0, static_cast<double>(kSeamPoints));
   const double end = std::clamp(to, start, static_cast<double>(kSeamPoints));
-  LowerHeight lower(panel);
+  LowerSeam lower(panel);
   for (int point = kFirstOnCut + 1; point < kLastOnCut; ++point) {
     const double share = (point - kFirstOnCut) * (1.0 / (kLastOnCut - kFirstOnCut));
     PlanePoint at = PointAt(seam, start + (end - start) * share);
-    at.y = std::max(at.y, lower.At(at.x));
+    lower.Lift(at);
     panel.Edge[Index(point)] = at;
   }
 }

@@ -94,9 +94,9 @@ const TypedSail kDinghyLug = {"DinghyLug",
 const TypedSail kDhowSettee = {"DhowSettee",
                                kCrossCut,
                                {5200, 6, 14500, 15400, 22000, 33},
-                               {60, 50, -500, 50, 600, 400},
+                               {60, 50, -500, 50, 400, 400},
                                {{5, 11, 6}, {0, 2, 3}, {0, 0.04, 0.06}, 4, 12},
-                               {405, 12}};
+                               {403, 12}};
 
 }  // namespace
 

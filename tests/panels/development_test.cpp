@@ -100,6 +100,16 @@ TEST(DevelopPanels, DevelopsAStripThatEndsInACorner) {
   }
 }
 
+TEST(DevelopPanels, KeepsTheEdgesOfAStripThatIsClosedOverHalfItsLength) {
+  for (const bool forward : {true, false}) {
+    const Sail sail = OneStrip([forward](double u, double v) {
+      const double opening = std::max(0.0, forward ? 2 * u - 1 : 1 - 2 * u);
+      return Corner{1000 * u, 400 * v * opening, 60 * u * (1 - u)};
+    });
+    EXPECT_LT(WorstEdgeError(sail, 0), 1e-9) << forward;
+  }
+}
+
 TEST(DevelopPanels, SurvivesAStripWithoutSize) {
   const Sail sail = OneStrip([](double, double) { return Corner{5, 6, 7}; });
   EXPECT_EQ(DevelopedWidth(sail.Panels, 0), 0);
@@ -140,6 +150,62 @@ TEST(DevelopPanels, AgreesWithTheAnglesOfItsTriangles) {
     const double bearing = std::atan2(along.y, along.x) + angles.A;
     EXPECT_NEAR(flat.PanelUpperX(p, 20), corner.x + rung * std::cos(bearing), 1e-6) << p;
     EXPECT_NEAR(flat.PanelUpperY(p, 20), corner.y + rung * std::sin(bearing), 1e-6) << p;
+  }
+}
+
+/// A point of a strip, by the line of the grid and by the outline of the panel that it is on.
+struct StripPoint {
+  int line = 0;
+  int point = 0;
+};
+
+PlanePoint FlatPoint(const DevelopedPanels& flat, int p, StripPoint at) {
+  if (at.line == p) return {flat.PanelLowerX(p, at.point), flat.PanelLowerY(p, at.point)};
+  const bool seam = at.point >= kForwardCorner && at.point <= kAftCorner;
+  if (seam) return {flat.PanelUpperX(p, at.point), flat.PanelUpperY(p, at.point)};
+  return EdgePoint(flat, p, at.point);
+}
+
+PlanePoint PlanPoint(const SurfaceGrid& grid, StripPoint at) {
+  return {grid.SurfaceX(at.line, at.point), grid.SurfaceY(at.line, at.point)};
+}
+
+/// Three edges and a side lay a triangle, whatever the way to it.
+void ExpectTriangle(const Sail& sail, int p, StripPoint a, StripPoint b, StripPoint c) {
+  const auto expectEdge = [&](StripPoint from, StripPoint to) {
+    const double space = SpaceLength(sail.Grid, from.line, from.point, to.line, to.point);
+    const double flat = Length(FlatPoint(sail.Panels, p, to) - FlatPoint(sail.Panels, p, from));
+    EXPECT_NEAR(flat, space, 1e-11 * std::max(space, 1.0))
+        << "panel " << p << ", " << from.point << " to " << to.point;
+  };
+  expectEdge(a, b), expectEdge(b, c), expectEdge(c, a);
+  const PlanePoint flatA = FlatPoint(sail.Panels, p, a);
+  const double flatArea =
+      Cross(FlatPoint(sail.Panels, p, b) - flatA, FlatPoint(sail.Panels, p, c) - flatA);
+  const PlanePoint planA = PlanPoint(sail.Grid, a);
+  const double planArea = Cross(PlanPoint(sail.Grid, b) - planA, PlanPoint(sail.Grid, c) - planA);
+  const double mirror = sail.Definition.CutType == kVerticalCut ? -1 : 1;
+  if (std::abs(planArea) < 1e-3) return;  // it stands upright
+  EXPECT_GT(flatArea * planArea * mirror, 0) << "panel " << p << ", " << a.point;
+}
+
+TEST(DevelopPanels, KeepsThreeEdgesAndTheSideOfEveryTriangle) {
+  for (const char* cut : {kCrossCut, kTwistFootCut, kVerticalCut}) {
+    Sail sail;
+    sail.Definition.CutType = cut;
+    DesignPass(sail);
+    ASSERT_GT(sail.Definition.PanelCount, 3);
+    for (int p = 0; p < sail.Definition.PanelCount; ++p) {
+      for (int i = kForwardCorner; i < kAftCorner; ++i) {
+        ExpectTriangle(sail, p, {p, i}, {p, i + 1}, {p + 1, i});
+        ExpectTriangle(sail, p, {p, i + 1}, {p + 1, i + 1}, {p + 1, i});
+      }
+      for (int i = 0; i + 1 < kForwardCorner; ++i) {
+        ExpectTriangle(sail, p, {p + 1, i}, {p + 1, kForwardCorner}, {p + 1, i + 1});
+        const int aft = kLastPoint - i;
+        ExpectTriangle(sail, p, {p + 1, aft}, {p + 1, aft - 1}, {p + 1, kAftCorner});
+      }
+    }
   }
 }
 

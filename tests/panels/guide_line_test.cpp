@@ -76,6 +76,23 @@ TEST(DrawGuideLine, KeepsToTheLowerSeamOfAPanelNarrowerThanTheSeam) {
   EXPECT_EQ(panel.Edge[35], (PlanePoint{1000, 15}));
 }
 
+TEST(DrawGuideLine, IsLiftedOntoALowerSeamThatRisesAboveIt) {
+  FlatPanel panel = Trapeze(-200, 1200, 300);
+  for (std::size_t point = 10; point <= 30; ++point) panel.Lower[point].y = 290;
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[20].x, 500, 1e-9);
+  EXPECT_EQ(panel.Edge[20].y, 290);
+  EXPECT_NEAR(panel.Edge[7].y, 280, 1e-9);  // forward of the lower seam's end
+  for (std::size_t point = 7; point <= 33; ++point) {
+    const double x = panel.Edge[point].x;
+    const double seam = x < 400 / 3.0 || x > 2600 / 3.0 ? 0
+                        : x < 500 / 3.0                 ? 290 * (x - 400 / 3.0) / (100 / 3.0)
+                        : x > 2500 / 3.0                ? 290 * (2600 / 3.0 - x) / (100 / 3.0)
+                                                        : 290;
+    EXPECT_NEAR(panel.Edge[point].y, std::max(280.0, seam), 1e-9) << point;
+  }
+}
+
 TEST(DrawGuideLine, OfTheLastPanelIsItsTopEdge) {
   FlatPanel panel = Trapeze(0, 1000, 300);
   DrawGuideLine(panel, 20, true);
