@@ -11,11 +11,11 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <system_error>
 
 #include "faults/findings.h"
 #include "faults/savers.h"
 #include "model/failures.h"
+#include "model/system_words.h"
 #include "support/temporary_folder.h"
 
 // Saving to disks and under names that do not take a file, each in a process of its own.
@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 constexpr unsigned kHang = 20;  ///< seconds after which a saving counts as hung
 constexpr uid_t kNobody = 65534;
 
-std::string SystemWords(int error) { return std::generic_category().message(error); }
+std::string SystemWords(int error) { return std::string(SystemErrorWords(error).English); }
 
 /// A sail whose data file takes two pages of a disk.
 Sail LongSail() {
