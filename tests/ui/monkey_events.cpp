@@ -102,9 +102,7 @@ void Monkey::AnyKey() {
     return Key(dice_.Pick(std::vector<int>{Qt::Key_A, Qt::Key_C, Qt::Key_X, Qt::Key_V, Qt::Key_Z,
                                            Qt::Key_Y, Qt::Key_Backspace, Qt::Key_Delete}),
                Qt::ControlModifier);
-  // A language chosen by its letter acts a tenth of a second later, with another window in front.
-  const bool inStart = SeenWindows().Front != nullptr && SeenWindows().Front == SeenWindows().Start;
-  if (kind < 6 && !inStart) return Key(dice_.Between(Qt::Key_A, Qt::Key_Z), Qt::AltModifier);
+  if (kind < 6) return Key(dice_.Between(Qt::Key_A, Qt::Key_Z), Qt::AltModifier);
   const std::vector<int> keys = {Qt::Key_Tab,    Qt::Key_Tab,    Qt::Key_Backtab,  Qt::Key_Return,
                                  Qt::Key_Enter,  Qt::Key_Escape, Qt::Key_Up,       Qt::Key_Down,
                                  Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Home,     Qt::Key_End,

@@ -15,6 +15,7 @@ class StartWindowTest : public QObject {
   void CreateTwiceKeepsTheDimensions();
   void FrenchReachesTheOtherWindows();
   void MnemonicsWorkInBothLanguages();
+  void ALanguageChosenByItsLetterShowsInTheWindowThatFollowsAtOnce();
   void QuitEndsTheProgram();
   void ActivationAsksForAFittedDrawing();
   void EscapeGoesBackToTheDrawing();
@@ -92,6 +93,15 @@ void StartWindowTest::MnemonicsWorkInBothLanguages() {
   QTRY_COMPARE(Current().Language, Language::English);
   QTest::keyClick(&desk.Start(), Qt::Key_C, Qt::AltModifier);
   QTRY_VERIFY(desk.Dimensions().isActiveWindow());
+}
+
+void StartWindowTest::ALanguageChosenByItsLetterShowsInTheWindowThatFollowsAtOnce() {
+  Desk desk;
+  QTest::keyClick(&desk.Start(), Qt::Key_F, Qt::AltModifier);
+  QTest::keyClick(&desk.Start(), Qt::Key_Return);
+  QVERIFY(QTest::qWaitForWindowActive(&desk.Dimensions()));
+  QCOMPARE(Current().Language, Language::French);
+  QCOMPARE(desk.Dimensions().windowTitle(), "Brivane 2000 - Géométrie de la voile");
 }
 
 void StartWindowTest::QuitEndsTheProgram() {
