@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
+#include <algorithm>
 
 namespace brivane {
 
@@ -88,6 +90,18 @@ void DropInto(QLineEdit* field, const QString& text) {
 }
 
 void Press(QAbstractButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+
+void Wheel(QWidget* picture, QPoint at, int angle) {
+  QWheelEvent event(at, picture->mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(picture, &event);
+}
+
+bool Shows(const PictureBox* picture, const std::string& text) {
+  const std::vector<DrawnText>& texts = picture->Shown().Texts;
+  return std::any_of(texts.begin(), texts.end(),
+                     [&text](const DrawnText& shown) { return shown.Text == text; });
+}
 
 bool IsYellow(const QLineEdit* field) {
   return field->palette().color(QPalette::Base) == QColor(Qt::yellow);

@@ -70,6 +70,12 @@ void DropInto(QLineEdit* field, const QString& text);
 /// Presses a button with the mouse.
 void Press(QAbstractButton* button);
 
+/// Turns the wheel over a place of a picture, by eighths of a degree.
+void Wheel(QWidget* picture, QPoint at, int angle);
+
+/// Whether one of the texts on a picture is this one.
+bool Shows(const PictureBox* picture, const std::string& text);
+
 bool IsYellow(const QLineEdit* field);
 
 /// A caption without its mnemonic.
