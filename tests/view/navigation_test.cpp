@@ -121,6 +121,28 @@ TEST(FitView, APictureSmallerThanTheAllowanceStillGivesAScale) {
   EXPECT_TRUE(std::isfinite(view.ViewScale));
 }
 
+TEST(FitView, ASailWithoutWidthIsFittedByItsHeight) {
+  SailDefinition sail = PlainSail();
+  sail.ClewPoint = {0, -600, 0};
+  sail.PeakPoint = {0, 3400, 0};
+  ViewState view;
+  ASSERT_TRUE(FitView(sail, {9000, 2300}, view));  // 2200 / (3400 + 800 / 2 + 600)
+  EXPECT_NEAR(view.ViewScale, 0.5, 1e-12);
+  EXPECT_EQ(view.ViewOffsetX, 0);
+  EXPECT_NEAR(view.ViewOffsetY, 300, 1e-9);
+}
+
+TEST(FitView, ASailTooSmallToBeSeenHasAScaleStill) {
+  SailDefinition sail = PlainSail();
+  sail.LuffLength = 1e-310;
+  sail.ClewPoint = {1e-310, 0, 0};
+  sail.PeakPoint = {0, 1e-310, 0};
+  sail.ClothWidth = 0;
+  ViewState view;
+  ASSERT_TRUE(FitView(sail, {9100, 5100}, view));  // as if it were 1 mm high
+  EXPECT_NEAR(view.ViewScale, 5000, 1e-9);
+}
+
 TEST(FitView, TheWholeRoundedOutlineIsSeenForEverySail) {
   std::mt19937 random(20000625);
   int checked = 0;
