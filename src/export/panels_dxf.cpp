@@ -1,11 +1,12 @@
 #include "export/panels_dxf.h"
 
-#include <span>
+#include <array>
 
 #include "export/dxf_entities.h"
 #include "export/failure_report.h"
 #include "model/failures.h"
 #include "model/number_text.h"
+#include "model/panel_walk.h"
 #include "model/text_file.h"
 
 namespace brivane {
@@ -16,23 +17,12 @@ constexpr std::string_view kTitleLabel = " : SUB ePanelDXF";
 constexpr std::string_view kClosing = "Closing";
 constexpr std::int16_t kGuideColour = 5;
 constexpr std::int16_t kOutlineColour = 7;
-constexpr std::size_t kPanelVertices = 31 + 75;
+constexpr std::size_t kPanelVertices = kGuideLine.Count() + CountOf(kPanelOutline);
 
-struct Pen {
-  FileText& Text;
-  std::string VertexHead;
-  char DecimalMark;
-  int Panel;
-
-  // Points first to last of the panel, in either direction.
-  void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
-    const std::span<const double> x = xs.Row(Panel);
-    const std::span<const double> y = ys.Row(Panel);
-    const int step = first <= last ? 1 : -1;
-    for (int k = first; k != last + step; k += step)
-      WriteVertex(Text, VertexHead, x[k], y[k], 0, DecimalMark);
-  }
-};
+// The stages that begin with the stretches of the outline; its first point still belongs to the
+// stage before.
+constexpr std::array<std::string_view, kPanelOutline.size()> kStretchStages = {
+    "", "Luff", "Upper line", "Leech", "Lower line"};
 
 // Whole numbers carry no decimal mark.
 std::string Whole(const NumberPattern& pattern, int number) {
@@ -89,7 +79,6 @@ std::string PanelDxfPath(std::string_view base, int panel) {
 
 std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
                          std::vector<DxfStage>& stages) {
-  const DevelopedPanels& panels = sail.Panels;
   FileText text(kPanelVertices * kVertexBytes);
   const auto stage = [&](std::string_view label) { stages.push_back({label, text.Size()}); };
 
@@ -99,22 +88,20 @@ std::string PanelDxfText(const Sail& sail, int panel, char decimalMark,
       text, std::string(ProgramTitle) + " - panel" + Whole(kBlankTwoDigitsBlank, panel + 1));
 
   stage("Guide line");
+  const auto walk = [&](const PanelStretch& stretch, const std::string& vertexHead) {
+    WalkStretch(sail.Panels, panel, stretch,
+                [&](double x, double y) { WriteVertex(text, vertexHead, x, y, 0, decimalMark); });
+  };
   WritePolylineHeader(text, kGuideColour);
-  const Pen guide{text, VertexHead(kGuideColour), decimalMark, panel};
-  guide.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kForwardCorner, kAftCorner);
+  walk(kGuideLine, VertexHead(kGuideColour));
   WritePolylineEnd(text);
 
   WritePolylineHeader(text, kOutlineColour);
-  const Pen cut{text, VertexHead(kOutlineColour), decimalMark, panel};
-  cut.Stretch(panels.PanelLowerX, panels.PanelLowerY, kForwardCorner, kForwardCorner);
-  stage("Luff");
-  cut.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, 0, kForwardCorner);
-  stage("Upper line");
-  cut.Stretch(panels.PanelUpperX, panels.PanelUpperY, kForwardCorner, kAftCorner);
-  stage("Leech");
-  cut.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kAftCorner, kLastPoint);
-  stage("Lower line");
-  cut.Stretch(panels.PanelLowerX, panels.PanelLowerY, kAftCorner, kForwardCorner);
+  const std::string cutHead = VertexHead(kOutlineColour);
+  for (std::size_t i = 0; i < kPanelOutline.size(); ++i) {
+    if (!kStretchStages[i].empty()) stage(kStretchStages[i]);
+    walk(kPanelOutline[i], cutHead);
+  }
   WritePolylineEnd(text);
 
   stage(kClosing);

@@ -1,10 +1,10 @@
 #include "export/panels_xy.h"
 
 #include <algorithm>
-#include <span>
 
 #include "export/record_text.h"
 #include "model/number_text.h"
+#include "model/panel_walk.h"
 
 namespace brivane {
 namespace {
@@ -31,40 +31,26 @@ std::string_view EdgeLabel(PanelPlace place) {
   return " gaff / vergue";
 }
 
-struct PointList {
-  FileText& Text;
-  char DecimalMark;
-  int Panel;
-
-  void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
-    const std::span<const double> x = xs.Row(Panel);
-    const std::span<const double> y = ys.Row(Panel);
-    for (int k = first; k <= last; ++k) {
-      AppendPattern<kX>(Text, x[k], DecimalMark);
-      AppendPattern<kY>(Text, y[k], DecimalMark);
-    }
-  }
-};
-
 void AppendPanel(FileText& text, const Sail& sail, int panel, char decimalMark) {
-  const DevelopedPanels& panels = sail.Panels;
-  const PointList points{text, decimalMark, panel};
+  const auto walk = [&](const PanelStretch& stretch) {
+    WalkStretch(sail.Panels, panel, stretch, [&text, decimalMark](double x, double y) {
+      AppendPattern<kX>(text, x, decimalMark);
+      AppendPattern<kY>(text, y, decimalMark);
+    });
+  };
 
   text += "\r\nPANEL; " + std::to_string(panel + 1) + " ;";
   AppendLine(text, EdgeLabel(PlaceOfPanel(sail.Grid, panel)));
 
   AppendLine(text, " CUT ;lower edge");
-  points.Stretch(panels.PanelLowerX, panels.PanelLowerY, kForwardCorner, kAftCorner);
+  walk(kLowerSeam);
 
   text += "\r\n CUT ;upper edge\r\n";
-  points.Stretch(panels.PanelLowerX, panels.PanelLowerY, kForwardCorner, kForwardCorner);
-  points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, 0, kForwardCorner);
-  points.Stretch(panels.PanelUpperX, panels.PanelUpperY, kForwardCorner, kAftCorner);
-  points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kAftCorner, kLastPoint);
-  points.Stretch(panels.PanelLowerX, panels.PanelLowerY, kAftCorner, kAftCorner);
+  for (std::size_t i = 0; i < kPanelOutline.size() - 1; ++i) walk(kPanelOutline[i]);
+  walk({PanelLine::Lower, kAftCorner, kAftCorner});
 
   text += "\r\n DRAW ;upper edge guideline\r\n";
-  points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kForwardCorner, kAftCorner);
+  walk(kGuideLine);
 }
 
 }  // namespace

@@ -1,35 +1,17 @@
 #include "export/plotter.h"
 
 #include <algorithm>
-#include <span>
 
 #include "export/record_text.h"
 #include "geometry/plane.h"
 #include "model/language.h"
 #include "model/number_text.h"
+#include "model/panel_walk.h"
 
 namespace brivane {
 namespace {
 
-// The fixed counts of the format; the stretches below add up to them.
-constexpr int kGuidePoints = 31;
-constexpr int kOutlinePoints = 75;
-constexpr int kTopOutlinePoints = 73;
 constexpr std::size_t kPanelBytes = 106 * 26 + 120;
-
-struct PointList {
-  FileText& Text;
-  char DecimalMark;
-  int Panel;
-
-  void Stretch(const PanelTable& xs, const PanelTable& ys, int first, int last) const {
-    const std::span<const double> x = xs.Row(Panel);
-    const std::span<const double> y = ys.Row(Panel);
-    const int step = first <= last ? 1 : -1;
-    for (int k = first; k != last + step; k += step)
-      AppendPlotterPoint(Text, x[k], y[k], DecimalMark);
-  }
-};
 
 PlanePoint LabelPlace(const Sail& sail, int panel) {
   const DevelopedPanels& panels = sail.Panels;
@@ -41,27 +23,22 @@ PlanePoint LabelPlace(const Sail& sail, int panel) {
 }
 
 void AppendPanel(FileText& text, const Sail& sail, int panel, char decimalMark) {
-  const DevelopedPanels& panels = sail.Panels;
-  const PointList points{text, decimalMark, panel};
-  const bool top = panel == sail.Definition.PanelCount - 1;
+  const auto walk = [&](const PanelStretch& stretch) {
+    WalkStretch(sail.Panels, panel, stretch, [&text, decimalMark](double x, double y) {
+      AppendPlotterPoint(text, x, y, decimalMark);
+    });
+  };
+  const auto cut = [&](const auto& outline) {
+    AppendPlotterCommand(text, "cut", CountOf(outline));
+    for (const PanelStretch& stretch : outline) walk(stretch);
+  };
 
   const PlanePoint label = LabelPlace(sail, panel);
   AppendPlotterRecord(text, FormatPattern(kTwoDigits, panel + 1, decimalMark), label.x, label.y);
-
-  if (!top) {
-    AppendPlotterCommand(text, "draw", kGuidePoints);
-    points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kAftCorner, kForwardCorner);
-  }
-  AppendPlotterCommand(text, "cut", top ? kTopOutlinePoints : kOutlinePoints);
-  points.Stretch(panels.PanelLowerX, panels.PanelLowerY, kForwardCorner, kForwardCorner);
-  if (top) {
-    points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, 0, kLastPoint);
-  } else {
-    points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, 0, kForwardCorner);
-    points.Stretch(panels.PanelUpperX, panels.PanelUpperY, kForwardCorner, kAftCorner);
-    points.Stretch(panels.PanelEdgeX, panels.PanelEdgeY, kAftCorner, kLastPoint);
-  }
-  points.Stretch(panels.PanelLowerX, panels.PanelLowerY, kAftCorner, kForwardCorner);
+  if (panel == sail.Definition.PanelCount - 1) return cut(kTopPanelOutline);
+  AppendPlotterCommand(text, "draw", kGuideLine.Count());
+  walk(kGuideLine.Reversed());
+  cut(kPanelOutline);
 }
 
 }  // namespace

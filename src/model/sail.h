@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <stdexcept>
 #include <vector>
 
@@ -18,10 +17,6 @@ class Table {
  public:
   double& operator()(int row, int column) { return cells_[Index(row, column)]; }
   double operator()(int row, int column) const { return cells_[Index(row, column)]; }
-  /// The cells of a row, from FirstColumn on.
-  std::span<const double> Row(int row) const {
-    return std::span(cells_).subspan(Index(row, FirstColumn), kColumns);
-  }
   /// Column 0 of a row, on which its other columns follow. The row is checked, columns are not.
   double* Points(int row) { return &cells_[Index(row, 0)]; }
   const double* Points(int row) const { return &cells_[Index(row, 0)]; }

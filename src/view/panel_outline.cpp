@@ -1,28 +1,30 @@
 #include "view/panel_outline.h"
 
+#include <algorithm>
 #include <cmath>
 
+#include "model/panel_walk.h"
+
 namespace brivane {
+namespace {
+
+bool IsFinite(const PlanePoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
+void AppendStretch(std::vector<PlanePoint>& points, const DevelopedPanels& panels, int panel,
+                   const PanelStretch& stretch) {
+  WalkStretch(panels, panel, stretch, [&](double x, double y) { points.push_back({x, y}); });
+}
+
+}  // namespace
 
 std::vector<PlanePoint> PanelOutline(const DevelopedPanels& panels, int panel) {
   std::vector<PlanePoint> outline;
-  outline.reserve(75);
-  const auto lower = [&](int k) {
-    outline.push_back({panels.PanelLowerX(panel, k), panels.PanelLowerY(panel, k)});
-  };
-  const auto edge = [&](int k) {
-    outline.push_back({panels.PanelEdgeX(panel, k), panels.PanelEdgeY(panel, k)});
-  };
-  lower(kForwardCorner);
-  for (int k = 0; k <= kForwardCorner; ++k) edge(k);
-  for (int k = kForwardCorner; k <= kAftCorner; ++k)
-    outline.push_back({panels.PanelUpperX(panel, k), panels.PanelUpperY(panel, k)});
-  for (int k = kAftCorner; k <= kLastPoint; ++k) edge(k);
-  for (int k = kAftCorner; k >= kForwardCorner; --k) lower(k);
+  outline.reserve(CountOf(kPanelOutline));
+  for (const PanelStretch& stretch : kPanelOutline) AppendStretch(outline, panels, panel, stretch);
 
   bool hasExtent = false;
   for (const PlanePoint& point : outline) {
-    if (!std::isfinite(point.x) || !std::isfinite(point.y)) return {};
+    if (!IsFinite(point)) return {};
     hasExtent = hasExtent || point != outline.front();
   }
   if (!hasExtent) outline.clear();
@@ -32,11 +34,9 @@ std::vector<PlanePoint> PanelOutline(const DevelopedPanels& panels, int panel) {
 std::vector<PlanePoint> PanelGuide(const Sail& sail, int panel) {
   std::vector<PlanePoint> guide;
   if (panel >= sail.Definition.PanelCount - 1) return guide;
-  guide.reserve(kAftCorner - kForwardCorner + 1);
-  for (int k = kForwardCorner; k <= kAftCorner; ++k) {
-    guide.push_back({sail.Panels.PanelEdgeX(panel, k), sail.Panels.PanelEdgeY(panel, k)});
-    if (!std::isfinite(guide.back().x) || !std::isfinite(guide.back().y)) return {};
-  }
+  guide.reserve(kGuideLine.Count());
+  AppendStretch(guide, sail.Panels, panel, kGuideLine);
+  if (!std::all_of(guide.begin(), guide.end(), IsFinite)) return {};
   return guide;
 }
 

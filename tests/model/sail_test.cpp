@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <utility>
+
 namespace brivane {
 namespace {
 
@@ -16,17 +19,18 @@ TEST(Table, HoldsEveryIndexWithinItsBounds) {
   EXPECT_EQ(table, SurfaceTable{});
 }
 
-TEST(Table, ARowHoldsItsCellsFromTheFirstColumnOn) {
+TEST(Table, ThePointsOfARowStartAtColumnNought) {
   SurfaceTable table;
   table(91, -1) = 1;
   table(91, 43) = 2;
   table(0, 0) = 3;
-  ASSERT_EQ(table.Row(91).size(), std::size_t{45});
-  EXPECT_EQ(table.Row(91).front(), 1);
-  EXPECT_EQ(table.Row(91).back(), 2);
-  EXPECT_EQ(table.Row(0)[1], 3);
-  EXPECT_THROW(table.Row(92), std::out_of_range);
-  EXPECT_THROW(table.Row(-1), std::out_of_range);
+  EXPECT_EQ(table.Points(91)[-1], 1);
+  EXPECT_EQ(table.Points(91)[43], 2);
+  EXPECT_EQ(std::as_const(table).Points(0)[0], 3);
+  table.Points(17)[5] = 4;
+  EXPECT_EQ(table(17, 5), 4);
+  EXPECT_THROW(table.Points(92), std::out_of_range);
+  EXPECT_THROW(std::as_const(table).Points(-1), std::out_of_range);
 }
 
 TEST(Table, RefusesAnIndexBeyondItsBounds) {
