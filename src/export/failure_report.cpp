@@ -8,12 +8,10 @@ std::string TitleOf(std::string_view label) {
   return std::string(ProgramTitle) + std::string(label);
 }
 
-std::string WordsOf(const std::exception& failure, Language language) {
+std::string WordsOfWriting(const std::exception& failure, Language language) {
   if (const auto* file = dynamic_cast<const FileError*>(&failure); file && file->IsPathAccess())
     return std::string(kPathAccessText);
-  if (const auto* spoken = dynamic_cast<const BilingualError*>(&failure))
-    return std::string(spoken->Words.In(language));
-  return failure.what();
+  return WordsOf(failure, language);
 }
 
 SaveOutcome RunReported(std::string_view label, Language language,
@@ -22,7 +20,7 @@ SaveOutcome RunReported(std::string_view label, Language language,
     writer();
     return {};
   } catch (const std::exception& failure) {
-    return {FailureReport{TitleOf(label), WordsOf(failure, language)}, {}};
+    return {FailureReport{TitleOf(label), WordsOfWriting(failure, language)}, {}};
   }
 }
 

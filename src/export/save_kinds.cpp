@@ -148,7 +148,7 @@ SaveOutcome SaveSail(SaveKind kind, Sail& sail, std::string_view path, Language 
     sail.Definition.SailName = TrimSailName(kind, FileTitle(whole));
     return WriteSail(kind, sail, whole, language, decimalMark);
   } catch (const std::exception& failure) {
-    return {FailureReport{SaveCommandTitle(), WordsOf(failure, language)}, {}};
+    return {FailureReport{SaveCommandTitle(), WordsOfWriting(failure, language)}, {}};
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <stdexcept>
 #include <string>
 
@@ -61,5 +62,8 @@ class GeometryFault : public BilingualError {
  public:
   using BilingualError::BilingualError;
 };
+
+/// What a failure says of itself, in the language where it speaks both.
+std::string WordsOf(const std::exception& failure, Language language);
 
 }  // namespace brivane

@@ -62,10 +62,8 @@ void ShowMessage(QWidget* parent, const QString& title, const QString& text) {
 std::optional<QString> WordsOfFailure(const std::function<void()>& action) {
   try {
     action();
-  } catch (const BilingualError& failure) {
-    return CurrentText(failure.Words);
-  } catch (const std::exception& error) {
-    return QString::fromUtf8(error.what());
+  } catch (const std::exception& failure) {
+    return ToQt(WordsOf(failure, Current().Language));
   }
   return std::nullopt;
 }

@@ -17,6 +17,7 @@
 #include "model/file_lines.h"
 #include "model/sail_file.h"
 #include "panels/design_pass.h"
+#include "support/sample_sail_files.h"
 #include "support/temporary_folder.h"
 
 // Whatever a file holds, opening it comes to an answer, and soon.
@@ -39,50 +40,6 @@ double ProcessorSeconds() {
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
   return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
-
-Lines LinesOf(const std::string& text) {
-  Lines lines;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = text.find("\r\n", at);
-    lines.push_back(text.substr(at, end - at));
-    at = end + 2;
-  }
-  return lines;
-}
-
-/// The default sail in the older generation.
-std::string OldText() {
-  return Joined({"Brivane 4 VERSION_ 12 May 1999",
-                 "Old",
-                 "TWISTFOOTCUT",
-                 "label",
-                 " 4550",
-                 " 5750",
-                 " 3600",
-                 " 2600",
-                 " .7",
-                 " 6300",
-                 " .1",
-                 " 16.4",
-                 " 100",
-                 " 50",
-                 "-100",
-                 " 60",
-                 " 170",
-                 " 50",
-                 " 130",
-                 " 50",
-                 " 10",
-                 " 3",
-                 " .06",
-                 " 4",
-                 " .21",
-                 " 890",
-                 " 20",
-                 " 9"});
-}
-
-std::string NewText() { return SailDataText(SailDefinition()); }
 
 /// Values that no sail has, in the bytes of a file.
 const Lines& HostileValues() {
@@ -183,7 +140,7 @@ class Opening : public testing::Test {
 /// Both generations in turn.
 class EachLine : public Opening, public testing::WithParamInterface<bool> {
  protected:
-  Lines Base() const { return LinesOf(GetParam() ? OldText() : NewText()); }
+  Lines Base() const { return GetParam() ? OldSailLines("1999") : DefaultSailLines(); }
 
   /// Opens the file with each of its lines changed in turn.
   void ChangeEach(const std::string& what, const std::function<void(Lines&, std::size_t)>& change) {
@@ -300,7 +257,7 @@ TEST_F(Opening, RandomBytes) {
 }
 
 TEST_F(Opening, AGigabyteOfNothing) {
-  PutBytes(path, NewText());
+  PutBytes(path, Joined(DefaultSailLines()));
   ASSERT_EQ(truncate(path.c_str(), off_t{1} << 30), 0);
   OpenFile();
 }

@@ -9,59 +9,15 @@
 
 #include "model/failures.h"
 #include "model/file_lines.h"
+#include "support/sample_sail_files.h"
 #include "support/temporary_folder.h"
 
 namespace brivane {
 namespace {
 
-/// The 41 lines of the default sail before it is computed, worked out by hand.
-Lines DefaultLines() {
-  return {"Brivane 2000 VERSION_ 25 June 2000 ",
-          "Newsail",
-          "TWISTFOOTCUT",
-          "default_vertical",
-          "default_coupe",
-          " 0",
-          "DIMENSIONS",
-          " 4550",
-          " .05",
-          " 5750",
-          " 3600",
-          " 2600",
-          " .7",
-          " 0",
-          " 0",
-          " 0",
-          "EDGES",
-          " 100",
-          " 50",
-          "-100",
-          " 60",
-          " 170",
-          " 50",
-          " 130",
-          " 50",
-          "PROFIL",
-          " 3",
-          " 10",
-          " 5",
-          " 0",
-          " 3",
-          " 6",
-          " 0",
-          " .06",
-          " .08",
-          " 4",
-          " .21",
-          "CLOTH",
-          " 890",
-          " 20",
-          "EOF "};
-}
-
 /// The default sail's file with one line (counted from 1) replaced.
 std::string WithLine(std::size_t number, const std::string& line) {
-  Lines lines = DefaultLines();
+  Lines lines = DefaultSailLines();
   lines[number - 1] = line;
   return Joined(lines);
 }
@@ -81,41 +37,6 @@ std::string RefusalOf(const std::string& text, char mark = '.') {
   return "";
 }
 
-/// A sail of which every stored field differs from the default.
-SailDefinition OddSail() {
-  SailDefinition sail;
-  sail.SailName = "Génois d'été";
-  sail.CutType = kVerticalCut;
-  sail.MouldLabel = "mould";
-  sail.CutLabel = "cut";
-  sail.PanelCount = 12;
-  sail.LuffLength = 5000.5;
-  sail.LuffRake = -0.125;
-  sail.DiagonalLength = 6000.25;
-  sail.FootLength = 3000.75;
-  sail.GaffLength = 2000.5;
-  sail.GaffAngle = 0.75;
-  sail.LeechLength = 7000.125;
-  sail.LeechAngle = -0.0625;
-  sail.SailArea = 17.25;
-  sail.LuffRound = -10.5;
-  sail.LuffRoundPos = 41;
-  sail.LeechRound = 250.5;
-  sail.LeechRoundPos = 42;
-  sail.FootRound = 17.5;
-  sail.FootRoundPos = 43;
-  sail.GaffRound = -13;
-  sail.GaffRoundPos = 44;
-  sail.Depth = {2.5, 11.5, 6.5};
-  sail.LuffShape = {0.5, 3.5, 6.5};
-  sail.LeechShape = {0.01, 0.0625, 0.125};
-  sail.DepthPosition = 5;
-  sail.TwistAngle = 0.3125;
-  sail.ClothWidth = 1370;
-  sail.SeamWidth = 15;
-  return sail;
-}
-
 // --- Writing -----------------------------------------------------------------------------------
 
 TEST(SailDataText, ReadsBackTheLargestNumbers) {
@@ -129,52 +50,11 @@ TEST(SailDataText, ReadsBackTheLargestNumbers) {
 }
 
 TEST(SailDataText, OfTheDefaultSailHasTheseLines) {
-  EXPECT_EQ(SailDataText(SailDefinition{}), Joined(DefaultLines()));
+  EXPECT_EQ(SailDataText(SailDefinition{}), Joined(DefaultSailLines()));
 }
 
 TEST(SailDataText, PutsEveryFieldInItsPlace) {
-  const Lines expected = {"Brivane 2000 VERSION_ 25 June 2000 ",
-                          "Génois d'été",
-                          "VERTICALCUT",
-                          "mould",
-                          "cut",
-                          " 12",
-                          "DIMENSIONS",
-                          " 5000.5",
-                          "-.125",
-                          " 6000.25",
-                          " 3000.75",
-                          " 2000.5",
-                          " .75",
-                          " 7000.125",
-                          "-.0625",
-                          " 17.25",
-                          "EDGES",
-                          "-10.5",
-                          " 41",
-                          " 250.5",
-                          " 42",
-                          " 17.5",
-                          " 43",
-                          "-13",
-                          " 44",
-                          "PROFIL",
-                          " 2.5",
-                          " 11.5",
-                          " 6.5",
-                          " .5",
-                          " 3.5",
-                          " 6.5",
-                          " .01",
-                          " .0625",
-                          " .125",
-                          " 5",
-                          " .3125",
-                          "CLOTH",
-                          " 1370",
-                          " 15",
-                          "EOF "};
-  EXPECT_EQ(SailDataText(OddSail()), Joined(expected));
+  EXPECT_EQ(SailDataText(OddSail()), Joined(OddSailLines()));
 }
 
 TEST(SailDataText, KeepsItsLinesWhateverTheNamesHold) {
@@ -250,14 +130,14 @@ TEST(ReadSailData, TakesACommaForThePoint) {
 }
 
 TEST(ReadSailData, GoesByPositionAlone) {
-  Lines lines = DefaultLines();
+  Lines lines = DefaultSailLines();
   for (const std::size_t keyword : {7, 17, 26, 38, 41}) lines[keyword - 1] = "999";
   lines[0] = "anything";
   EXPECT_EQ(ReadFrom(Joined(lines)), SailDefinition{});
 }
 
 TEST(ReadSailData, IsShiftedByAMissingLine) {
-  Lines lines = DefaultLines();
+  Lines lines = DefaultSailLines();
   lines.erase(lines.begin() + 6);  // the keyword DIMENSIONS
   const SailDefinition sail = ReadFrom(Joined(lines));
   EXPECT_EQ(sail.LuffLength, 0.05);  // the line of the luff was thrown away
@@ -268,7 +148,7 @@ TEST(ReadSailData, IsShiftedByAMissingLine) {
 }
 
 TEST(ReadSailData, TakesZeroForMissingLines) {
-  Lines lines = DefaultLines();
+  Lines lines = DefaultSailLines();
   lines.resize(8);
   const SailDefinition sail = ReadFrom(Joined(lines));
   EXPECT_EQ(sail.SailName, "Newsail");
@@ -287,9 +167,9 @@ TEST(ReadSailData, TakesAnEmptyFile) {
 }
 
 TEST(ReadSailData, TakesOtherLineEndsAndControlCharacters) {
-  EXPECT_EQ(ReadFrom(Joined(DefaultLines(), "\n")), SailDefinition{});
-  EXPECT_EQ(ReadFrom(Joined(DefaultLines(), "\t\v\x1A\r\r\n")), SailDefinition{});
-  std::string text = Joined(DefaultLines());
+  EXPECT_EQ(ReadFrom(Joined(DefaultSailLines(), "\n")), SailDefinition{});
+  EXPECT_EQ(ReadFrom(Joined(DefaultSailLines(), "\t\v\x1A\r\r\n")), SailDefinition{});
+  std::string text = Joined(DefaultSailLines());
   text.resize(text.size() - 2);  // no end behind the last line
   EXPECT_EQ(ReadFrom(text), SailDefinition{});
 }
@@ -351,7 +231,7 @@ TEST(ReadSailData, KeepsWhatWasReadBeforeAnError) {
 
 TEST(ReadMould, StartsOneLineEarly) {
   SailDefinition sail = OddSail();
-  ReadMouldFromText(Joined(DefaultLines()), sail);
+  ReadMouldFromText(Joined(DefaultSailLines()), sail);
   SailDefinition expected = OddSail();
   expected.Depth = {0, 3, 10};
   expected.LuffShape = {5, 0, 3};
