@@ -21,10 +21,6 @@ constexpr double kFitAllowance = 100;
 /// luff overhang tells, as a share of the picture's width.
 constexpr double kUsableMargin = 0.04;
 
-/// A fit takes no sail for narrower or lower than this, mm: one that is a mere line, or a point,
-/// has a scale too.
-constexpr double kSmallestExtent = 1;
-
 constexpr double kZoomStep = 1.2;
 
 /// Zooming out with the wheel stops at a diagonal this short, surface units.
@@ -80,8 +76,7 @@ bool FitView(const SailDefinition& sail, const PictureSize& picture, ViewState& 
   const double width = std::max(1.0, picture.Width - kFitAllowance);
   const double height = std::max(1.0, picture.Height - kFitAllowance);
   const FitExtents fit = ExtentsToFit(sail);
-  const double scale = std::min(width / std::max(kSmallestExtent, fit.Horizontal),
-                                height / std::max(kSmallestExtent, fit.Vertical));
+  const double scale = FittingScale(width, height, fit.Horizontal, fit.Vertical);
   const double forward = -UprightExtent(sail).Left - fit.LuffOverhang;
   const double hidden = std::max(0.0, forward * scale - kUsableMargin * picture.Width);
   // What the margin cannot hold is moved into the picture, and the right edge with it.

@@ -57,6 +57,10 @@ Extent UprightExtent(const SailDefinition& sail) {
   return extent;
 }
 
+double FittingScale(double roomWidth, double roomHeight, double width, double height) {
+  return std::min(roomWidth / std::max(width, 1.0), roomHeight / std::max(height, 1.0));
+}
+
 bool HasOutline(const SailDefinition& sail) {
   for (const double value :
        {sail.LuffLength, sail.LuffRake, sail.ClewPoint.x, sail.ClewPoint.y, sail.PeakPoint.x,

@@ -30,6 +30,10 @@ struct Extent {
   double Height() const { return Top - Bottom; }
 };
 
+/// The greatest scale, surface units per mm, at which something so wide and high (mm) fits into the
+/// room (surface units). Nothing counts for less than 1 mm, so that a mere line has a scale too.
+double FittingScale(double roomWidth, double roomHeight, double width, double height);
+
 /// Extent of the drawn outline once the luff has been stood upright, mm. The tack, (0, 0), is
 /// part of it.
 Extent UprightExtent(const SailDefinition& sail);

@@ -1,6 +1,5 @@
 #include "view/patch_drawing.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -27,8 +26,7 @@ ViewState PatchView(const SailDefinition& sail, const PictureSize& picture) {
   ViewState view;
   if (!HasOutline(sail) || !(picture.Width > 0 && picture.Height > 0)) return view;
   const Extent outline = UprightExtent(sail);
-  view.ViewScale = std::min(picture.Width / std::max(outline.Width(), 1.0),
-                            picture.Height / std::max(outline.Height(), 1.0));
+  view.ViewScale = FittingScale(picture.Width, picture.Height, outline.Width(), outline.Height());
   view.ViewOffsetX = (picture.Width - (outline.Left + outline.Right) * view.ViewScale) / 2;
   view.ViewOffsetY = (picture.Height - (outline.Bottom + outline.Top) * view.ViewScale) / 2;
   return view;

@@ -1,6 +1,5 @@
 #include "view/print_drawing.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 
@@ -46,8 +45,8 @@ void AddPlan(const SailDefinition& sail, const ViewState& view, const Paper& pap
 
 ViewState PrintView(const SailDefinition& sail, const Paper& paper) {
   const Extent outline = UprightExtent(sail);
-  const double fitting = std::min(kUsableShare * paper.Width / outline.Width(),
-                                  kUsableShare * paper.Height / outline.Height());
+  const double fitting = FittingScale(kUsableShare * paper.Width, kUsableShare * paper.Height,
+                                      outline.Width(), outline.Height());
   ViewState view;
   view.ViewScale = HeldPrintScale(fitting, paper);
   view.ViewOffsetX = kPageMargin * paper.Width - outline.Left * view.ViewScale;

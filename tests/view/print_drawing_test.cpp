@@ -67,6 +67,13 @@ TEST(PrintedDrawing, TheSailTakesNineTenthsAndStartsAtTheMargin) {
   EXPECT_NEAR(wide.ViewScale, 9000.0 / 4000, 1e-9);
 }
 
+TEST(PrintedDrawing, ASailWithoutWidthIsFittedByItsHeight) {
+  SailDefinition sail = PlainSail();
+  sail.ClewPoint = {0, -600, 0};
+  sail.PeakPoint = {0, 3400, 0};
+  EXPECT_NEAR(PrintView(sail, {10000, 20000}).ViewScale, 0.9 * 20000 / 4000, 1e-9);
+}
+
 TEST(PrintedDrawing, LuffAndBarAgreeOnThePage) {
   for (const Paper& paper : testing::kPapers) {
     const SailDefinition sail = PlainSail();
