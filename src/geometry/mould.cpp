@@ -51,6 +51,11 @@ double Sample(double A, double B, int k) {
 
 }  // namespace
 
+bool DividesHeight(const SailDefinition& sail) {
+  const double p = DepthHeight(sail);
+  return p > 0 && p < 1;
+}
+
 double DepthAt(const SailDefinition& sail, double h) {
   const double p = DepthHeight(sail);
   const double foot = sail.Depth[kFoot];

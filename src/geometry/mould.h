@@ -4,6 +4,10 @@
 
 namespace brivane {
 
+/// True where the height of maximum depth lies between foot and head, and so divides the height in
+/// two: what the functions of a height below need.
+bool DividesHeight(const SailDefinition& sail);
+
 /// Depth of the sail at the height fraction h (0 foot, 1 head), as a fraction of the chord.
 double DepthAt(const SailDefinition& sail, double h);
 

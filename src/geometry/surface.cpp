@@ -19,7 +19,7 @@ void RequireUsable(const SailDefinition& sail) {
   if (!(sail.PeakPoint.y > 0) || !(sail.ClewPoint.x > 0) || !(sail.PeakPoint.x > 0) ||
       !(sail.LuffLength > 0) || !(sail.LeechLength > 0))
     throw GeometryFault(kFlatSailWords);
-  if (!(sail.DepthPosition > 0 && sail.DepthPosition < 10)) throw GeometryFault(kMouldWords);
+  if (!DividesHeight(sail)) throw GeometryFault(kMouldWords);
   for (const double exponent : sail.LuffShape)
     if (!(exponent > -1)) throw GeometryFault(kMouldWords);
 }

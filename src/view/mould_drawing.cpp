@@ -31,7 +31,7 @@ constexpr double kMarkSize = 160;
 /// The section at a height; where the depth's position does not divide the height in two, that of
 /// the middle.
 MouldSection SectionAtHeight(const SailDefinition& sail, double height) {
-  if (!(sail.DepthPosition > 0 && sail.DepthPosition < 10)) return SectionOfColumn(sail, kMiddle);
+  if (!DividesHeight(sail)) return SectionOfColumn(sail, kMiddle);
   return {LuffShapeAt(sail, height), LeechShapeAt(sail, height), 100 * DepthAt(sail, height)};
 }
 

@@ -72,6 +72,19 @@ TEST(ShapeAt, IsStraightFromFootToMiddleToHead) {
   EXPECT_DOUBLE_EQ(LeechShapeAt(sail, h), 0.015);
 }
 
+TEST(DividesHeight, BetweenFootAndHeadAlone) {
+  SailDefinition sail;
+  for (const double inside : {0.001, 1.0, 8.0, 9.999}) {
+    sail.DepthPosition = inside;
+    EXPECT_TRUE(DividesHeight(sail)) << inside;
+  }
+  constexpr double kVanishing = 5e-324;  // a tenth of it is 0
+  for (const double outside : {-1.0, 0.0, kVanishing, 10.0, 11.0}) {
+    sail.DepthPosition = outside;
+    EXPECT_FALSE(DividesHeight(sail)) << outside;
+  }
+}
+
 TEST(ShapeAt, ClampsTheHeightInPlace) {
   const SailDefinition sail;
   double h = 1.5;
