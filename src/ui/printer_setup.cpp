@@ -5,11 +5,11 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPointer>
+#include <QSignalBlocker>
 
 #include "ui/accessible.h"
 #include "ui/current_sail.h"
 #include "ui/file_dialogs.h"
-#include "ui/printers.h"
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 
@@ -50,16 +50,18 @@ PrinterSetup::PrinterSetup(QWidget* parent, const PrinterSettings& settings) : Q
   BuildPaper(grid, settings);
   BuildButtons(grid);
   FollowDestination();
+  AskForPrinters(this, [this](const Printers& printers) { TakePrinters(printers); });
 }
 
 void PrinterSetup::BuildDestination(QGridLayout* grid, const PrinterSettings& settings) {
   Destination = new QComboBox;
   Destination->setObjectName("Destination");
-  for (const QString& name : PrinterNames()) Destination->addItem(name, name);
+  Destination->setPlaceholderText(CurrentText(texts::kAskingForPrinters));
+  if (!settings.PrinterName.isEmpty())
+    Destination->addItem(settings.PrinterName, settings.PrinterName);
   Destination->addItem(CurrentText(texts::kPdfFile), kPdfDestination);
-  const QString printer = settings.PrinterName.isEmpty() ? DefaultPrinter() : settings.PrinterName;
-  const int index = Destination->findData(settings.ToPdf ? kPdfDestination : printer);
-  Destination->setCurrentIndex(index < 0 ? Destination->count() - 1 : index);
+  Destination->setCurrentIndex(settings.ToPdf ? Destination->count() - 1 : 0);
+  if (!settings.ToPdf && settings.PrinterName.isEmpty()) Destination->setCurrentIndex(-1);
   connect(Destination, &QComboBox::currentIndexChanged, this, &PrinterSetup::FollowDestination);
 
   PdfPath = new QLineEdit(settings.PdfPath);
@@ -122,9 +124,22 @@ void PrinterSetup::BuildButtons(QGridLayout* grid) {
 
 bool PrinterSetup::IsPdf() const { return Destination->currentData() == kPdfDestination; }
 
+void PrinterSetup::TakePrinters(const Printers& printers) {
+  const QVariant chosen =
+      Destination->currentIndex() < 0 ? printers.Default : Destination->currentData();
+  const QSignalBlocker quiet(Destination);
+  while (Destination->count() > 1) Destination->removeItem(0);
+  for (const QString& name : printers.Names)
+    Destination->insertItem(Destination->count() - 1, name, name);
+  const int index = Destination->findData(chosen);
+  Destination->setCurrentIndex(index < 0 ? Destination->count() - 1 : index);
+  FollowDestination();
+}
+
 void PrinterSetup::FollowDestination() {
   PdfPath->setEnabled(IsPdf());
   Browse->setEnabled(IsPdf());
+  Ok->setEnabled(Destination->currentIndex() >= 0);
 }
 
 void PrinterSetup::AskPdfPath() {

@@ -7,13 +7,16 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "ui/printers.h"
 #include "ui/printing.h"
 
 class QGridLayout;
 
 namespace brivane {
 
-/// "Printer setup": the printer or a PDF file, the paper and its orientation.
+/// "Printer setup": the printer or a PDF file, the paper and its orientation. The printers are
+/// filled in when the print service has told them; until then nothing is chosen, unless it was
+/// before.
 class PrinterSetup : public QDialog {
  public:
   PrinterSetup(QWidget* parent, const PrinterSettings& settings);
@@ -35,6 +38,7 @@ class PrinterSetup : public QDialog {
   void BuildDestination(QGridLayout* grid, const PrinterSettings& settings);
   void BuildPaper(QGridLayout* grid, const PrinterSettings& settings);
   void BuildButtons(QGridLayout* grid);
+  void TakePrinters(const Printers& printers);
   void FollowDestination();
   void AskPdfPath();
   bool IsPdf() const;

@@ -88,27 +88,24 @@ std::vector<Drawing> PagesOf(Report report, const Paper& paper, const TextMeasur
   return {};
 }
 
-QString PrinterToUse(const PrinterSettings& settings) {
-  const QString name = settings.PrinterName.isEmpty() ? DefaultPrinter() : settings.PrinterName;
-  if (name.isEmpty()) throw PrinterFault("there is no printer");
-  return name;
-}
-
 /// Hands the file to the system's print service, whose command tells whether the job was taken.
 void Spool(const QByteArray& pdf, const PrinterSettings& settings) {
-  const QString printer = PrinterToUse(settings);
   const QString command = QStandardPaths::findExecutable("lp");
   if (command.isEmpty()) throw PrinterFault("there is no print service");
   QTemporaryFile file;
   const bool written = file.open() && file.write(pdf) == pdf.size() && file.flush();
   if (!written) throw PrinterFault("the job cannot be written");
-  const QString media = "media=" + QPageSize::key(settings.Paper);
+  QStringList arguments = {"-t", ToQt(ProgramTitle),
+                           "-o", "media=" + QPageSize::key(settings.Paper),
+                           "-o", "print-scaling=none"};
+  // Without a printer's name the job goes to the default one.
+  if (!settings.PrinterName.isEmpty()) arguments << QStringList{"-d", settings.PrinterName};
   QProcess job;
   job.setStandardOutputFile(QProcess::nullDevice());
   job.setStandardErrorFile(QProcess::nullDevice());
-  job.start(command, {"-d", printer, "-t", ToQt(ProgramTitle), "-o", media, "-o",
-                      "print-scaling=none", "--", file.fileName()});
-  const bool ended = job.waitForFinished(kSpoolerPatienceMs);
+  job.start(command, arguments << "--" << file.fileName());
+  const bool ended = EndsInTime(job, kSpoolerPatienceMs);
+  if (!ended) job.kill();
   const bool taken = ended && job.exitStatus() == QProcess::NormalExit && job.exitCode() == 0;
   if (!taken) throw PrinterFault("the print service refused the job");
 }

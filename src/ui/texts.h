@@ -131,6 +131,8 @@ inline constexpr BilingualText kPatchDxf{"DXF files", "Fichiers DXF"};
 // Printing.
 inline constexpr std::string_view kPrinterProblem = "Printer problem";
 inline constexpr BilingualText kPrinter{"P&rinter", "I&mprimante"};
+inline constexpr BilingualText kAskingForPrinters{"Asking for printers…",
+                                                  "Recherche d’imprimantes…"};
 inline constexpr BilingualText kPdfFile{"PDF file", "Fichier PDF"};
 inline constexpr BilingualText kPdfFiles{"PDF files", "Fichiers PDF"};
 inline constexpr BilingualText kPdfPath{"&File name", "Nom de &fichier"};

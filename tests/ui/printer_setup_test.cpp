@@ -1,9 +1,11 @@
 #include "ui/printer_setup.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 
 #include "ui/desk.h"
 
@@ -23,7 +25,10 @@ class PrinterSetupTest : public QObject {
   void BrowsingChoosesTheFile();
   void PageSizesReachTheFile();
   void PrintersOfTheServiceAreOffered();
+  void ChosenPrinterStaysWhereItIsStillOffered();
+  void ServiceThatDoesNotAnswerHoldsNothingUp();
   void SystemsOwnPrinterGetsTheJob();
+  void WindowsArePaintedWhileTheJobIsTaken();
   void JobGoesToThePrintService();
   void RefusedJobIsTold();
   void MissingPrintServiceIsTold();
@@ -87,10 +92,8 @@ void PrinterSetupTest::ProvidePrintService(int exitCode) const {
 
 void PrinterSetupTest::ProvidePrinters() const {
   ProvideCommand("lpstat",
-                 "case \"$1 $LC_ALL\" in\n"
-                 "'-e C.UTF-8') printf 'Office\\nLoft\\n' ;;\n"
-                 "'-d C.UTF-8') printf 'system default destination: Loft\\n' ;;\n"
-                 "esac\n");
+                 "test \"$*, $LC_ALL\" = '-d -e, C.UTF-8' &&\n"
+                 "printf 'system default destination: Loft\\nOffice\\nLoft\\n'\n");
 }
 
 void PrinterSetupTest::ChoiceHoldsAndCancelKeepsIt() {
@@ -205,7 +208,7 @@ void PrinterSetupTest::PrintersOfTheServiceAreOffered() {
   desk.DesignDefaultSail();
   WhenDialogIsUp("PrinterSetup", [](QWidget* dialog) {
     PrinterSetup* setup = SetupIn(dialog);
-    QCOMPARE(setup->Destination->count(), 3);  // the last is the PDF file
+    QTRY_COMPARE(setup->Destination->count(), 3);  // the last is the PDF file
     QCOMPARE(setup->Destination->itemText(0), "Office");
     QCOMPARE(setup->Destination->currentText(), "Loft");
     setup->Destination->setCurrentIndex(0);
@@ -216,6 +219,44 @@ void PrinterSetupTest::PrintersOfTheServiceAreOffered() {
   QCOMPARE(CurrentPrinter().PrinterName, "Office");
 }
 
+void PrinterSetupTest::ChosenPrinterStaysWhereItIsStillOffered() {
+  ProvidePrinters();
+  Desk desk;
+  desk.DesignDefaultSail();
+  for (const auto& [chosen, shown] : {std::pair{"Office", "Office"}, {"Sold", "PDF file"}}) {
+    CurrentPrinter().PrinterName = chosen;
+    WhenDialogIsUp("PrinterSetup", [shown = shown](QWidget* dialog) {
+      PrinterSetup* setup = SetupIn(dialog);
+      QTRY_COMPARE(setup->Destination->count(), 3);
+      QCOMPARE(setup->Destination->currentText(), shown);
+      Press(setup->Cancel);
+    });
+    desk.Picture().fprint_setup->trigger();
+  }
+}
+
+void PrinterSetupTest::ServiceThatDoesNotAnswerHoldsNothingUp() {
+  ProvideCommand("lpstat", "exec sleep 100\n");
+  Desk desk;
+  desk.DesignDefaultSail();
+  QElapsedTimer time;
+  time.start();
+  WhenDialogIsUp("PrinterSetup", [](QWidget* dialog) {
+    PrinterSetup* setup = SetupIn(dialog);
+    QCOMPARE(setup->Destination->currentIndex(), -1);
+    QCOMPARE(setup->Destination->placeholderText(), "Asking for printers…");
+    QVERIFY(!setup->Ok->isEnabled());
+    QVERIFY(!setup->PdfPath->isEnabled());
+    setup->Destination->setCurrentIndex(0);
+    QVERIFY(setup->Ok->isEnabled());
+    QVERIFY(setup->PdfPath->isEnabled());
+    Press(setup->Ok);
+  });
+  desk.Picture().fprint_setup->trigger();
+  QVERIFY(CurrentPrinter().ToPdf);
+  QVERIFY2(time.elapsed() < 5000, "the dialog waited for the printers");
+}
+
 void PrinterSetupTest::SystemsOwnPrinterGetsTheJob() {
   ProvidePrinters();
   ProvidePrintService(0);
@@ -223,7 +264,21 @@ void PrinterSetupTest::SystemsOwnPrinterGetsTheJob() {
   desk.DesignDefaultSail();
   desk.Picture().fPrint_Data->trigger();
   QVERIFY(desk.Seen.empty());
-  QVERIFY(Read("arguments").startsWith("-d\nLoft\n"));
+  QVERIFY(Read("arguments").startsWith("-t\n"));  // no printer is named
+}
+
+void PrinterSetupTest::WindowsArePaintedWhileTheJobIsTaken() {
+  Desk desk;
+  desk.DesignDefaultSail();
+  ProvideCommand("lp", "while ! test -e " + Path("seen").toUtf8() + "; do sleep 0.01; done\n");
+  // Only a program that goes on with its events lets the command end.
+  QTimer::singleShot(0, this, [this] {
+    QVERIFY(QApplication::overrideCursor() != nullptr);
+    QVERIFY(QFile(Path("seen")).open(QIODevice::WriteOnly));
+  });
+  desk.Picture().fPrint_Data->trigger();
+  QVERIFY(desk.Seen.empty());
+  QVERIFY(QFile::exists(Path("seen")));
 }
 
 void PrinterSetupTest::JobGoesToThePrintService() {
