@@ -11,12 +11,17 @@
 #include <vector>
 
 #include "model/dimension_rules.h"
+#include "ui/screen_room.h"
 #include "ui/typed_field.h"
 #include "ui/windows.h"
 
+class QBoxLayout;
 class QGridLayout;
+class QVBoxLayout;
 
 namespace brivane {
+
+class ScrollBox;
 
 /// The dimensions window: one field for each dimension, corrected as it is left. Validating or
 /// leaving the window runs the design pass and shows the drawing window.
@@ -73,6 +78,8 @@ class Create1 : public QDialog, public ProgramWindow {
   QGroupBox* BuildCuts();
   void AddField(QGridLayout* grid, int row, DimensionField field);
   void NameControls();
+  void Arrange();
+  void Place(bool isNarrow, bool isTight);
 
   // Fields.
   FieldRow& Row(DimensionField field) { return rows_[static_cast<std::size_t>(field)]; }
@@ -98,6 +105,12 @@ class Create1 : public QDialog, public ProgramWindow {
   std::array<FieldRow, 19> rows_;
   std::array<QGroupBox*, 6> groups_{};
   std::array<Result, 3> results_;
+  QBoxLayout* whole_;       ///< the page, and below it the button where it is narrow
+  ScrollBox* page_;         ///< all the fields
+  QGridLayout* columns_;    ///< of the page
+  QBoxLayout* lastGroups_;  ///< the third column, or the row below two columns
+  QVBoxLayout* lastColumn_;
+  Arrangement arrangement_;
   std::vector<Notice> notices_;  ///< not yet announced
   bool outlineStale_ = false;
   bool passRuns_ = false;

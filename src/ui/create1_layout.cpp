@@ -9,6 +9,7 @@
 #include "ui/current_sail.h"
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
+#include "ui/scroll_box.h"
 #include "ui/texts.h"
 
 namespace brivane {
@@ -18,13 +19,12 @@ namespace {
 using Field = DimensionField;
 
 constexpr int kFieldWidth = 90;
+constexpr int kTightFieldWidth = 64;
 constexpr std::array<const char*, 3> kResultNames = {"LeechLengthValue", "LpValue", "AreaValue"};
 constexpr std::array<const char*, 3> kResultUnits = {"mm", "mm", "m²"};
 
 QGridLayout* FieldGrid(QGroupBox* group) {
   auto* grid = new QGridLayout(group);
-  grid->setContentsMargins(14, 10, 14, 12);
-  grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(7);
   grid->setColumnStretch(0, 1);
   return grid;
@@ -43,29 +43,85 @@ void Create1::Build() {
   middle->addWidget(BuildGroup(1, {Field::LuffRond, Field::LuffRondPos, Field::LeechRond,
                                    Field::LeechRondPos, Field::FootRond, Field::GaffRond}));
   middle->addWidget(BuildCuts());
-  auto* right = new QVBoxLayout;
-  right->addWidget(BuildGroup(2, {Field::SDepth0, Field::SDepth1, Field::SDepth2, Field::Twistxt}));
-  right->addWidget(BuildGroup(3, {Field::ClothWidth, Field::SeamWidth}));
-  right->addStretch();
-
-  auto* columns = new QHBoxLayout;
-  columns->setSpacing(12);
-  for (QVBoxLayout* column : {left, middle, right}) {
-    column->setSpacing(12);
-    columns->addLayout(column, 1);
-  }
+  lastColumn_ = new QVBoxLayout;
+  lastColumn_->setSpacing(12);
+  lastGroups_ = new QVBoxLayout;
+  lastGroups_->setSpacing(12);
+  lastGroups_->addWidget(
+      BuildGroup(2, {Field::SDepth0, Field::SDepth1, Field::SDepth2, Field::Twistxt}));
+  lastColumn_->addWidget(BuildGroup(3, {Field::ClothWidth, Field::SeamWidth}));
+  lastColumn_->addStretch();
+  lastGroups_->addLayout(lastColumn_, 1);
   Validation = new QPushButton;
   Validation->setMinimumSize(140, 36);
   Validation->setDefault(true);
   connect(Validation, &QPushButton::clicked, this, &Create1::Validate);
-  right->addWidget(Validation, 0, Qt::AlignRight | Qt::AlignBottom);
+  lastColumn_->addWidget(Validation, 0, Qt::AlignRight | Qt::AlignBottom);
 
-  auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(16, 14, 16, 14);
-  whole->setSpacing(12);
-  whole->addLayout(BuildNameRow());
-  whole->addLayout(columns, 1);
+  columns_ = new QGridLayout;
+  columns_->setSpacing(12);
+  columns_->addLayout(left, 0, 0);
+  columns_->addLayout(middle, 0, 1);
+  for (QVBoxLayout* column : {left, middle}) column->setSpacing(12);
+  auto* contents = new QWidget;
+  auto* lines = new QVBoxLayout(contents);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(12);
+  lines->addLayout(BuildNameRow());
+  lines->addLayout(columns_, 1);
+  columns_->addLayout(lastGroups_, 0, 2);
+  page_ = new ScrollBox(contents);
+  whole_ = new QVBoxLayout(this);
+  whole_->setContentsMargins(16, 14, 16, 14);
+  whole_->setSpacing(12);
+  whole_->addWidget(page_, 1);
   NameControls();
+}
+
+/// Three columns, closer together where they must be, or two on a screen that is narrower still.
+void Create1::Arrange() {
+  // What has the focus would lose it by being placed anew.
+  if (!arrangement_.IsOutdated(*this)) return;
+  const QSize room = RoomFor(*this);
+  constexpr std::array<std::pair<bool, bool>, 3> kWidestFirst = {
+      {{false, false}, {false, true}, {true, true}}};
+  for (const auto& [isNarrow, isTight] : kWidestFirst) {
+    Place(isNarrow, isTight);
+    page_->FitInto(QSize(QWIDGETSIZE_MAX, room.height()));
+    if (layout()->totalMinimumSize().width() <= room.width()) break;
+  }
+  page_->FitInto(room);
+  page_->ShowMore(room);
+}
+
+void Create1::Place(bool isNarrow, bool isTight) {
+  for (const DimensionFieldInfo& info : DimensionFields())
+    if (info.Field != Field::SailName)
+      FieldOf(info.Field)->setFixedWidth(isTight ? kTightFieldWidth : kFieldWidth);
+  const QMargins margins = isTight ? QMargins(5, 8, 5, 8) : QMargins(14, 10, 14, 12);
+  for (QGroupBox* group : groups_) {
+    group->layout()->setContentsMargins(margins);
+    if (auto* grid = qobject_cast<QGridLayout*>(group->layout()))
+      grid->setHorizontalSpacing(isTight ? 5 : 8);
+  }
+  whole_->setContentsMargins(isTight ? QMargins(8, 8, 8, 8) : QMargins(16, 14, 16, 14));
+  columns_->setSpacing(isTight ? 8 : 12);
+
+  columns_->removeItem(lastGroups_);
+  lastGroups_->setParent(nullptr);
+  lastGroups_->setDirection(isNarrow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  if (isNarrow)
+    columns_->addLayout(lastGroups_, 1, 0, 1, 2);
+  else
+    columns_->addLayout(lastGroups_, 0, 2);
+  lastGroups_->setStretch(0, isNarrow ? 1 : 0);
+  lastGroups_->setSpacing(isNarrow ? columns_->horizontalSpacing() : 12);
+  for (int column = 0; column < 3; ++column)
+    columns_->setColumnStretch(column, isNarrow && column == 2 ? 0 : 1);
+  // A narrow page is a long one: the button stays in sight below it.
+  QBoxLayout* const place = isNarrow ? whole_ : lastColumn_;
+  if (place->indexOf(Validation) >= 0) return;
+  place->addWidget(Validation, 0, Qt::AlignRight | Qt::AlignBottom);
 }
 
 QLayout* Create1::BuildNameRow() {
@@ -94,6 +150,8 @@ QGroupBox* Create1::BuildGroup(std::size_t index, const std::vector<DimensionFie
 void Create1::AddField(QGridLayout* grid, int row, DimensionField field) {
   FieldRow& made = Row(field);
   made.Caption = new QLabel;
+  // The underlined letter parts two that would have stood closer together.
+  made.Caption->setContentsMargins(0, 0, 3, 0);
   made.Edit = new QLineEdit;
   made.Edit->setAlignment(Qt::AlignRight);
   made.Edit->setFixedWidth(kFieldWidth);
@@ -130,7 +188,6 @@ QGroupBox* Create1::BuildResults() {
 QGroupBox* Create1::BuildCuts() {
   auto* group = new QGroupBox;
   auto* column = new QVBoxLayout(group);
-  column->setContentsMargins(14, 10, 14, 12);
   column->setSpacing(8);
   for (std::size_t i = 0; i < OptCut1.size(); ++i) {
     OptCut1[i] = new QRadioButton;
@@ -206,7 +263,7 @@ void Create1::SetCaptions() {
   for (std::size_t i = 0; i < groups_.size(); ++i)
     groups_[i]->setTitle(CurrentText(texts::kDimensionGroups[i]));
   layout()->activate();
-  resize(size().expandedTo(minimumSizeHint()));
+  Arrange();
 }
 
 }  // namespace brivane

@@ -15,6 +15,7 @@
 #include "ui/qt_text.h"
 #include "ui/sail_drop.h"
 #include "ui/save_command.h"
+#include "ui/screen_room.h"
 #include "view/layout_summary.h"
 #include "view/navigation.h"
 #include "view/picture_words.h"
@@ -24,9 +25,13 @@ namespace brivane {
 
 namespace {
 
-/// Most of the screen, so that a picture is worth looking at, and never more than it.
-QSize FirstSize(const QScreen& screen) {
-  return (screen.availableSize() * 0.85).boundedTo(QSize(1280, 860));
+/// Most of the screen, so that a picture is worth looking at, all of a small one, and never more
+/// than it.
+QSize FirstSize(const QWidget& window) {
+  constexpr QSize kSmall(900, 600);
+  constexpr QSize kLarge(1280, 860);
+  const QSize most = window.screen()->availableSize() * 0.85;
+  return most.expandedTo(kSmall).boundedTo(RoomFor(window)).boundedTo(kLarge);
 }
 
 /// The sail file that may be dropped now. A message or a dialog in front of the window keeps it
@@ -51,7 +56,7 @@ Dessin1::Dessin1(Windows& windows) : windows_(windows) {
   setObjectName("Dessin1");
   BuildMenus();
   BuildPicture();
-  resize(FirstSize(*screen()));
+  resize(FirstSize(*this));
   setAcceptDrops(true);
 }
 

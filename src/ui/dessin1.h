@@ -7,6 +7,7 @@
 #include <QScrollBar>
 
 #include "model/language.h"
+#include "ui/fitting_label.h"
 #include "ui/picture_box.h"
 #include "ui/turn_icon.h"
 #include "ui/windows.h"
@@ -86,7 +87,7 @@ class Dessin1 : public QMainWindow, public ProgramWindow {
   void OpenSoon(const std::string& path);
 
   Windows& windows_;
-  QLabel* hint_;
+  FittingLabel* hint_;
   QLabel* layout_;  ///< number of panels and the widest of them
   PictureContent content_;
   Language language_ = Language::English;  ///< of the captions and of the labels on the picture

@@ -159,7 +159,7 @@ void Dessin1::BuildPicture() {
   grid->setRowStretch(1, 1);
   grid->setColumnStretch(1, 1);
   setCentralWidget(centre);
-  hint_ = new QLabel;
+  hint_ = new FittingLabel;
   hint_->setContentsMargins(8, 0, 8, 0);
   statusBar()->addWidget(hint_, 1);
   layout_ = new QLabel;
@@ -211,7 +211,7 @@ void Dessin1::SetCaptions() {
   NameControl(Image1, texts::kElevation);
   Image1->setAccessibleDescription(CurrentText(texts::kElevationIcon));
   Picture1->setAccessibleName(CurrentText(texts::kPicture));
-  hint_->setText(CurrentText(texts::kPictureHint));
+  hint_->SetTexts({CurrentText(texts::kPictureHint), CurrentText(texts::kShortPictureHint)});
   ShowLayout();
   SpeakOnPicture();
 }

@@ -3,13 +3,17 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStandardPaths>
+#include <QTreeView>
 
 #include "ui/current_sail.h"
 #include "ui/qt_text.h"
+#include "ui/screen_room.h"
 #include "ui/texts.h"
 
 namespace brivane {
@@ -36,10 +40,23 @@ class FileDialog : public QFileDialog {
     setOption(QFileDialog::HideNameFilterDetails);
     setDirectory(CurrentFolder());
     setLabelText(QFileDialog::Reject, CurrentText(texts::kCancelButton));
+    MakeRoomForWords();
   }
 
   /// Asked with the chosen path before the dialog is accepted.
   std::function<bool(const QString&)> MayAccept;
+
+  /// The toolkit makes room for its own language.
+  void MakeRoomForWords() {
+    constexpr int kPlaces = 130;
+    if (auto* list = findChild<QTreeView*>("treeView")) {
+      list->header()->setResizeContentsPrecision(0);  // by what is to be seen of a long list
+      list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+      list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    if (auto* parts = findChild<QSplitter*>("splitter"))
+      parts->setSizes({kPlaces, std::max(kPlaces, sizeHint().width() - kPlaces)});
+  }
 
  protected:
   void accept() override {
@@ -51,6 +68,7 @@ class FileDialog : public QFileDialog {
 };
 
 std::optional<std::string> Run(QPointer<FileDialog> dialog) {
+  dialog->resize(dialog->sizeHint().boundedTo(RoomFor(*dialog)));
   const bool accepted = dialog->exec() == QDialog::Accepted;
   if (dialog.isNull()) return std::nullopt;
   std::optional<std::string> path;

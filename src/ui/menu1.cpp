@@ -14,6 +14,7 @@
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
 #include "ui/qt_translation.h"
+#include "ui/screen_room.h"
 #include "ui/texts.h"
 
 namespace brivane {
@@ -104,7 +105,7 @@ QLayout* Menu1::LanguageRow() {
 
 void Menu1::Load() {
   const WaitCursor wait;
-  resize(kWindowSide, kWindowSide);
+  resize(QSize(kWindowSide, kWindowSide).boundedTo(RoomFor(*this)));
   CentreOnScreen(*this);
   Langue1[kEnglish]->setChecked(true);
   ResetCurrentSail();

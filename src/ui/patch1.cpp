@@ -12,6 +12,7 @@
 #include "ui/messages.h"
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
+#include "ui/scroll_box.h"
 #include "ui/texts.h"
 #include "view/patch_drawing.h"
 #include "view/picture_words.h"
@@ -40,17 +41,22 @@ Patch1::Patch1(Windows&) : QDialog(nullptr, Qt::Window) {
 
 void Patch1::Build() {
   Picture1 = new PictureBox;
-  Picture1->setMinimumSize(320, 360);
   Picture1->setCursor(Qt::ArrowCursor);
   Picture1->OnResize = [this] { DrawPatches(); };
   Picture1->Describe = [] {
     return ToQt(PatchPictureWords(Current().TheSail, Current().Language));
   };
   sizes_.reserve(2 * kCorners);
+  auto* contents = new QWidget;
+  auto* corners = new QVBoxLayout(contents);
+  corners->setContentsMargins(0, 0, 0, 0);
+  corners->setSpacing(10);
+  for (std::size_t corner = 0; corner < kCorners; ++corner) corners->addWidget(BuildCorner(corner));
+  corners->addStretch();
+  fields_ = new ScrollBox(contents);
   auto* right = new QVBoxLayout;
   right->setSpacing(10);
-  for (std::size_t corner = 0; corner < kCorners; ++corner) right->addWidget(BuildCorner(corner));
-  right->addStretch();
+  right->addWidget(fields_, 1);
   right->addLayout(BuildButtons());
   auto* whole = new QHBoxLayout(this);
   whole->setContentsMargins(14, 14, 14, 14);
@@ -58,6 +64,19 @@ void Patch1::Build() {
   whole->addWidget(Picture1, 1);
   whole->addLayout(right);
   SetCaptions();
+}
+
+/// Where the screen has no room for all of it, the fields scroll beside a smaller picture.
+void Patch1::Arrange() {
+  if (!arrangement_.IsOutdated(*this)) return;
+  const QSize room = RoomFor(*this);
+  for (const QSize& picture : {QSize(320, 360), QSize(200, 160)}) {
+    Picture1->setMinimumSize(picture);
+    fields_->FitInto(room);
+    const QSize least = layout()->totalMinimumSize();
+    if (least.boundedTo(room) == least) break;
+  }
+  fields_->ShowMore(room);
 }
 
 QWidget* Patch1::BuildCorner(std::size_t corner) {
@@ -138,6 +157,7 @@ void Patch1::SetCaptions() {
     for (QLineEdit* edit : {Text2[i], Text3[i]}) edit->setToolTip(CurrentText(texts::kPatchHint));
   }
   Picture1->setAccessibleName(CurrentText(texts::kPatchPicture));
+  Arrange();
 }
 
 // --- Values --------------------------------------------------------------------------------------

@@ -7,10 +7,13 @@
 
 #include "export/export_file.h"
 #include "ui/picture_box.h"
+#include "ui/screen_room.h"
 #include "ui/typed_field.h"
 #include "ui/windows.h"
 
 namespace brivane {
+
+class ScrollBox;
 
 /// The corner patch window: sizes of the four patches, their picture, and their files.
 class Patch1 : public QDialog, public ProgramWindow {
@@ -44,6 +47,7 @@ class Patch1 : public QDialog, public ProgramWindow {
   };
 
   void Build();
+  void Arrange();
   QWidget* BuildCorner(std::size_t corner);
   QLineEdit* AddSize(const QString& name, std::size_t corner, bool isHeight);
   QLayout* BuildButtons();
@@ -57,6 +61,8 @@ class Patch1 : public QDialog, public ProgramWindow {
   void Tell(const SaveOutcome& outcome);
 
   std::vector<Size> sizes_;
+  ScrollBox* fields_;
+  Arrangement arrangement_;
   int drawCount_ = 0;
 };
 

@@ -9,10 +9,13 @@
 
 #include "model/sail_definition.h"
 #include "ui/picture_box.h"
+#include "ui/screen_room.h"
 #include "ui/typed_field.h"
 #include "ui/windows.h"
 
 namespace brivane {
+
+class ScrollBox;
 
 /// The mould window: depths and section shapes at three heights, with two profile drawings that
 /// follow every move. When it is left the sail is laid out anew.
@@ -50,7 +53,7 @@ class SailForm : public QDialog, public ProgramWindow {
   void Build();
   QLayout* BuildTable();
   QLayout* BuildDepthPosition();
-  QLayout* BuildDrawings();
+  QGridLayout* BuildDrawings();
   QLayout* BuildButtons();
   void AddRowTitle(QGridLayout* grid, int row);
   void AddBarRow(QGridLayout* grid, int row, std::array<QScrollBar*, kHeights>& bars,
@@ -58,6 +61,8 @@ class SailForm : public QDialog, public ProgramWindow {
   void AddValueRow(QGridLayout* grid, int row, std::array<QLabel*, kHeights>& values,
                    const char* name);
   void AddDepthRow(QGridLayout* grid, int row);
+  void Arrange();
+  void Place(bool isFlat, bool isNarrow);
 
   // Values.
   void Fill();
@@ -78,6 +83,11 @@ class SailForm : public QDialog, public ProgramWindow {
   std::array<TypedField, kHeights> depths_;
   std::array<QLabel*, 5> rowTitles_;
   QLabel* positionTitle_;
+  QBoxLayout* body_;  ///< the values and the drawings, below each other or side by side
+  ScrollBox* values_;
+  QBoxLayout* valueParts_;  ///< the table and the depth position
+  QGridLayout* drawings_;
+  Arrangement arrangement_;
   bool passRuns_ = false;
   int drawCount_ = 0;
 };

@@ -11,6 +11,7 @@
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
 #include "ui/sail_form.h"
+#include "ui/scroll_box.h"
 #include "ui/texts.h"
 #include "view/picture_words.h"
 
@@ -21,6 +22,7 @@ namespace {
 constexpr QSize kWindowSize(600, 500);  // 9000 x 7500 twips
 constexpr int kBarLength = 84;
 constexpr int kFieldWidth = 64;
+constexpr int kPositionWidth = 140;
 
 QScrollBar* MakeBar(const QString& name, int least, int most) {
   auto* bar = new QScrollBar(Qt::Vertical);
@@ -49,6 +51,14 @@ QLabel* MakeDrawingTitle(const char* name) {
   return label;
 }
 
+/// A page is to be as high as its layout says, whatever its width.
+void FixHeight(QLabel* label, int width) {
+  label->setFixedHeight(label->heightForWidth(width));
+  QSizePolicy policy = label->sizePolicy();
+  policy.setHeightForWidth(false);
+  label->setSizePolicy(policy);
+}
+
 QString Described(const MouldSection& section) {
   std::string words;
   WordsOfFailure([&] { words = ProfileWords(section, Current().Language, Current().DecimalMark); });
@@ -62,20 +72,63 @@ QString Numbered(const char* name, std::size_t index) {
 }  // namespace
 
 void SailForm::Build() {
-  auto* upper = new QHBoxLayout;
-  upper->setSpacing(28);
-  upper->addLayout(BuildTable(), 1);
-  upper->addLayout(BuildDepthPosition());
+  auto* contents = new QWidget;
+  valueParts_ = new QHBoxLayout(contents);
+  valueParts_->setContentsMargins(0, 0, 0, 0);
+  valueParts_->addLayout(BuildTable(), 1);
+  valueParts_->addLayout(BuildDepthPosition());
+  values_ = new ScrollBox(contents);
+  drawings_ = BuildDrawings();
+  body_ = new QVBoxLayout;
+  body_->setSpacing(12);
+  body_->addWidget(values_);
+  body_->addLayout(drawings_, 1);
   auto* whole = new QVBoxLayout(this);
-  whole->setContentsMargins(16, 14, 16, 14);
   whole->setSpacing(12);
-  whole->addLayout(upper);
-  whole->addLayout(BuildDrawings(), 1);
+  whole->addLayout(body_, 1);
   whole->addLayout(BuildButtons());
   SetCaptions();
-  layout()->activate();
-  resize(kWindowSize.expandedTo(sizeHint()));
+  resize(kWindowSize.expandedTo(sizeHint()).boundedTo(RoomFor(*this)));
   move(screen()->availableGeometry().center() - rect().center());
+}
+
+/// The drawings stand below the values, or beside them where the screen is not high enough: what a
+/// bar does to them is to be seen while it moves.
+void SailForm::Arrange() {
+  if (!arrangement_.IsOutdated(*this)) return;
+  const QSize room = RoomFor(*this);
+  constexpr std::array<std::pair<bool, bool>, 3> kHighestFirst = {
+      {{false, false}, {true, false}, {true, true}}};
+  for (const auto& [isFlat, isNarrow] : kHighestFirst) {
+    Place(isFlat, isNarrow);
+    // Beside the drawings the values may scroll, below each other they are to be seen whole.
+    values_->FitInto(isFlat ? QSize(QWIDGETSIZE_MAX, room.height())
+                            : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+    const QSize least = layout()->totalMinimumSize();
+    if (least.boundedTo(room) == least) break;
+  }
+  values_->FitInto(room);
+  values_->ShowMore(room);
+}
+
+void SailForm::Place(bool isFlat, bool isNarrow) {
+  layout()->setContentsMargins(isFlat ? QMargins(8, 8, 8, 8) : QMargins(16, 14, 16, 14));
+  body_->setDirection(isFlat ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  valueParts_->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  valueParts_->setSpacing(isFlat ? 12 : 28);
+  const QSize picture = isFlat ? QSize(180, 80) : QSize(260, 170);
+  for (PictureBox* drawn : {Picture1, Picture2}) drawn->setMinimumSize(picture);
+  // Words that take more lines than a layout reckons with would take the room of what is beside.
+  for (QLabel* title : {FirstTitle, SecondTitle})
+    title->setMinimumHeight(title->heightForWidth(picture.width()));
+  const std::array<QWidget*, 4> parts = {FirstTitle, Picture1, SecondTitle, Picture2};
+  for (QWidget* part : parts) drawings_->removeWidget(part);
+  for (int i = 0; i < 4; ++i) {
+    const int column = isFlat ? 0 : i / 2;
+    drawings_->addWidget(parts[static_cast<std::size_t>(i)], isFlat ? i : i % 2, column);
+  }
+  drawings_->setColumnStretch(1, isFlat ? 0 : 1);
+  drawings_->setRowStretch(3, isFlat ? 1 : 0);
 }
 
 QLayout* SailForm::BuildTable() {
@@ -92,6 +145,7 @@ QLayout* SailForm::BuildTable() {
   AddBarRow(grid, 3, VScroll2, LeechShapeValue, "VScroll2");
   AddValueRow(grid, 4, DepthAt20, "DepthAt20");
   AddValueRow(grid, 5, DepthAt80, "DepthAt80");
+  grid->setRowStretch(6, 1);
   for (std::size_t i = 0; i < kHeights; ++i) {
     connect(VScroll1[i], &QScrollBar::valueChanged, this, [this, i] { MoveLuffShape(i); });
     connect(VScroll2[i], &QScrollBar::valueChanged, this, [this, i] { MoveLeechShape(i); });
@@ -152,7 +206,7 @@ QLayout* SailForm::BuildDepthPosition() {
   DepthPositionValue = MakeValue("VScroll3_Value");
   positionTitle_ = new QLabel;
   positionTitle_->setWordWrap(true);
-  positionTitle_->setFixedWidth(140);
+  positionTitle_->setFixedWidth(kPositionWidth);
   positionTitle_->setBuddy(VScroll3);
   auto* cell = new QHBoxLayout;
   cell->addWidget(VScroll3);
@@ -165,7 +219,7 @@ QLayout* SailForm::BuildDepthPosition() {
   return column;
 }
 
-QLayout* SailForm::BuildDrawings() {
+QGridLayout* SailForm::BuildDrawings() {
   Picture1 = new PictureBox;
   Picture2 = new PictureBox;
   Picture2->setObjectName("Picture2");
@@ -173,17 +227,11 @@ QLayout* SailForm::BuildDrawings() {
   SecondTitle = MakeDrawingTitle("SecondTitle");
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(16);
-  grid->addWidget(FirstTitle, 0, 0);
-  grid->addWidget(Picture1, 1, 0);
-  grid->addWidget(SecondTitle, 0, 1);
-  grid->addWidget(Picture2, 1, 1);
   grid->setRowStretch(1, 1);
   grid->setColumnStretch(0, 1);
-  grid->setColumnStretch(1, 1);
   Picture1->Describe = [] { return Described(DeepestSection(Current().TheSail.Definition)); };
   Picture2->Describe = [] { return Described(TopSection(Current().TheSail.Definition)); };
   for (PictureBox* picture : {Picture1, Picture2}) {
-    picture->setMinimumSize(260, 170);
     picture->setCursor(Qt::ArrowCursor);
     picture->OnResize = [this] { DrawProfiles(); };
   }
@@ -222,6 +270,7 @@ void SailForm::SetCaptions() {
     rowTitles_[row]->setAccessibleName(Spoken(rowTitles_[row]->text()));
   }
   positionTitle_->setText(CurrentText(texts::kDepthPosition));
+  FixHeight(positionTitle_, kPositionWidth);
   VScroll3->setAccessibleName(CurrentText(texts::kDepthPosition));
   for (std::size_t i = 0; i < kHeights; ++i) {
     const QString column = CurrentText(texts::kMouldColumns[i]);
@@ -236,6 +285,7 @@ void SailForm::SetCaptions() {
   Picture1->setAccessibleName(FirstTitle->text());
   Picture2->setAccessibleName(SecondTitle->text());
   NameValues();
+  Arrange();
 }
 
 /// Names what the labels show after its row and column, and tells each bar the value beside it.

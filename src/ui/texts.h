@@ -73,6 +73,9 @@ inline constexpr BilingualText kPictureHint{
     "Glisser avec le bouton gauche pour agrandir, avec le droit pour déplacer ; la molette "
     "agrandit "
     "ou réduit"};
+inline constexpr BilingualText kShortPictureHint{
+    "Left button: zoom; right button: move; wheel: zoom",
+    "Bouton gauche : zoom ; droit : déplacer ; molette : zoom"};
 inline constexpr std::string_view kInvalidFileType = "Invalid file type selected";
 inline constexpr BilingualText kCancelSelected{"No file was chosen.", "Aucun fichier choisi."};
 inline constexpr std::string_view kOpenTitle = " : Dessin1 File Open procedure";

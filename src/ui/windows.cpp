@@ -11,6 +11,7 @@
 #include "ui/menu1.h"
 #include "ui/patch1.h"
 #include "ui/sail_form.h"
+#include "ui/screen_room.h"
 
 namespace brivane {
 
@@ -66,9 +67,18 @@ bool Windows::eventFilter(QObject* object, QEvent* event) {
   if (found == watched_.end() || ending_) return false;
   ProgramWindow& window = *found->second;
   if (event->type() == QEvent::Show) window.SetCaptions();
+  if (object->isWidgetType()) Settle(*static_cast<QWidget*>(object), *event);
   if (event->type() == QEvent::WindowActivate) CameToFront(window);
   if (event->type() == QEvent::Hide && !event->spontaneous()) WasHidden(window);
   return false;
+}
+
+/// How large its frame is, and where it stands, is known when a window has come to the front.
+void Windows::Settle(QWidget& window, const QEvent& event) {
+  const bool isShown = event.type() == QEvent::Show && !event.spontaneous();
+  if (isShown) unsettled_.insert(&window);
+  const bool isPlaced = event.type() == QEvent::WindowActivate && unsettled_.erase(&window) > 0;
+  if (isShown || isPlaced) KeepOnScreen(window);
 }
 
 void Windows::CameToFront(ProgramWindow& window) {

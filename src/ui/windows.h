@@ -3,6 +3,7 @@
 #include <QObject>
 #include <map>
 #include <memory>
+#include <set>
 
 class QWidget;
 
@@ -56,11 +57,13 @@ class Windows : public QObject {
  private:
   template <typename Window>
   Window& Made(std::unique_ptr<Window>& window);
+  void Settle(QWidget& window, const QEvent& event);
   void CameToFront(ProgramWindow& window);
   void WasHidden(ProgramWindow& window);
   void TellLeft(ProgramWindow& window);
 
   std::map<QObject*, ProgramWindow*> watched_;
+  std::set<QObject*> unsettled_;  ///< shown, and not yet known to stand on the screen
   ProgramWindow* front_ = nullptr;
   bool ending_ = false;
   std::unique_ptr<Menu1> start_;

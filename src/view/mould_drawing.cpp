@@ -28,6 +28,9 @@ constexpr Colour kGrey{160, 160, 160};
 /// Font of the marks, surface units: 8 points.
 constexpr double kMarkSize = 160;
 
+/// Room for "10%" and a tick beside it, surface units.
+constexpr double kMarkWidth = 2.75 * kMarkSize;
+
 /// The section at a height; where the depth's position does not divide the height in two, that of
 /// the middle.
 MouldSection SectionAtHeight(const SailDefinition& sail, double height) {
@@ -55,8 +58,8 @@ struct ProfileFrame {
   ProfileFrame(double deepest, const PictureSize& picture) {
     ScaleTop = kScaleStep * std::clamp(std::ceil((deepest - kOverScale) / kScaleStep), 1.0,
                                        kDeepestScale / kScaleStep);
-    Left = 0.08 * picture.Width;
-    ChordLength = 0.9 * picture.Width;
+    Left = std::max(0.08 * picture.Width, kMarkWidth);
+    ChordLength = 0.98 * picture.Width - Left;
     Base = std::min(2 * kMarkSize, 0.3 * picture.Height);
     UnitsPerPercent = std::max(picture.Height - Base, 1.0) / std::max(ScaleTop, deepest);
   }

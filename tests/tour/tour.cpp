@@ -1,5 +1,7 @@
 // Drives the real windows through the main job with real key and mouse events, and leaves pictures
-// and files: tour FOLDER, with the folders "pictures", "files" and "paper" in it.
+// and files: tour FOLDER, with the folders "pictures", "files" and "paper" in it. With a name
+// behind it, it takes pictures of every window alone: tour FOLDER x2. The name "dark" darkens the
+// colours.
 
 #include <QApplication>
 #include <QComboBox>
@@ -11,6 +13,7 @@
 
 #include "tour/camera.h"
 #include "tour/hand.h"
+#include "tour/looks.h"
 #include "ui/menu1.h"
 #include "ui/save_command.h"
 #include "ui/windows.h"
@@ -322,17 +325,30 @@ class Tour {
   Camera camera_;
 };
 
+/// The colours of a dark desktop.
+QPalette DarkColours() {
+  QPalette dark(QColor(53, 53, 53), QColor(35, 35, 35));
+  dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  return dark;
+}
+
 /// The tour ends when the program ends by itself; staying is being lost.
 int Run(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc != 2) return 2;
+  if (argc != 2 && argc != 3) return 2;
+  const QString looks = argc == 3 ? QString::fromLocal8Bit(argv[2]) : QString();
+  if (looks == "dark") QApplication::setPalette(DarkColours());
   const QDir folder(QString::fromLocal8Bit(argv[1]));
   Windows windows;
   windows.Start().show();
   int status = 1;
   QTimer::singleShot(0, [&] {
     try {
-      Tour(folder).Take();
+      if (looks.isEmpty())
+        Tour(folder).Take();
+      else
+        TakeLooks(folder, looks);
       status = 0;
     } catch (const LostWay& lost) {
       std::fprintf(stderr, "The tour lost its way: %s\n", lost.what());
