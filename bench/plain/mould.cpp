@@ -6,13 +6,15 @@ namespace brivane {
 
 class SetAside {
  public:
-  double operator()(double A, double B);
+  double operator()(const Section& section);
 
  private:
-  int fall_ = 1;
+  int greatest_ = 1;
 };
 
-double NormaliserWalk::operator()(double A, double B) { return ProfileNormaliser(A, B); }
+double NormaliserWalk::operator()(const Section& section) {
+  return ProfileNormaliser(section.A, section.B);
+}
 
 }  // namespace brivane
 

@@ -2,29 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace brivane {
 namespace {
 
-/// Signed distance from the line (scaled by its direction's length) as a function of the fraction
-/// t of an edge: constant + along·t + across·f(t).
-struct LineDistance {
-  double constant = 0;
-  double along = 0;
-  double across = 0;
-  const EdgeRoundCurve& curve;
-
-  double At(double t) const { return constant + along * t + across * curve.At(t); }
-  double SlopeAt(double t) const { return along + across * curve.SlopeAt(t); }
-};
+/// Newton's step squares the error: after one this short nothing is left to gain.
+constexpr double kLastStep = 1e-9;
 
 /// The zero between low and high, where the distance has different signs: Newton's steps, held
 /// within the shrinking bracket by halving.
 double ZeroBetween(const LineDistance& distance, double low, double high, double start,
                    bool rising) {
   constexpr int kMostSteps = 100;
-  // Newton's step squares the error: after one this short nothing is left to gain.
-  constexpr double kLastStep = 1e-9;
   constexpr double kNarrowestBracket = 1e-16;
   double t = std::clamp(start, low, high);
   for (int step = 0; step < kMostSteps && high - low > kNarrowestBracket; ++step) {
@@ -78,6 +70,45 @@ double NearestCrossing(const LineDistance& distance, double straight) {
   return best;
 }
 
+constexpr double kNotFound = std::numeric_limits<double>::quiet_NaN();
+
+/// Several searches as in ZeroBetween, along the same gentle edge, for as long as they take
+/// Newton's steps alone.
+struct NewtonLanes {
+  Lanes constant;  ///< of the distance
+  Lanes t;         ///< NaN where the search is given up
+  Lanes longest;   ///< how long the next step may be
+  Lanes found;     ///< NaN until it is
+};
+
+/// A step of all searches. A step points to the zero; one no longer than half of the step before
+/// stays within the bracket, since all that follow one step do not make up its length. So the
+/// bracket need not be kept. Every choice is one between two values at hand, which the compiler
+/// makes for two lanes at once.
+void TakeNewtonsStep(const LineDistance distance, NewtonLanes& lanes) {
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const double t = lanes.t[i];
+    const double found = lanes.found[i];
+    const double value =
+        lanes.constant[i] + distance.along * t + distance.across * distance.curve.At(t);
+    const double next = t - value / distance.SlopeAt(t);
+    const double change = std::abs(next - t);
+    const bool inside = (std::abs(next - 0.5) < 0.5) & (change <= lanes.longest[i]);
+    const double held = inside ? next : kNotFound;
+    const double last = change <= kLastStep ? held : kNotFound;
+    lanes.found[i] = std::isnan(found) ? last : found;
+    lanes.t[i] = held;
+    lanes.longest[i] = change / 2;
+  }
+}
+
+bool AnySearching(const NewtonLanes& lanes) {
+  std::int64_t searching = 0;
+  for (std::size_t i = 0; i < kLanes; ++i)
+    searching += std::isnan(lanes.found[i]) & !std::isnan(lanes.t[i]) ? 1 : 0;
+  return searching != 0;
+}
+
 }  // namespace
 
 EdgeRoundCurve MakeEdgeRoundCurve(double position) {
@@ -105,20 +136,51 @@ RoundedEdge MakeRoundedEdge(PlanePoint start, PlanePoint end, double round, doub
 }
 
 double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line) {
-  const PlanePoint& direction = line.Direction;
-  const LineDistance distance{Cross(direction, edge.Start - line.Through),
-                              Cross(direction, edge.End - edge.Start),
-                              Cross(direction, edge.Outward) * edge.Round, edge.Curve};
+  return ParallelCrossings(edge, line.Direction).At(line.Through);
+}
+
+ParallelCrossings::ParallelCrossings(const RoundedEdge& edge, PlanePoint direction)
+    : start_(edge.Start),
+      direction_(direction),
+      distance_{0, Cross(direction, edge.End - edge.Start),
+                Cross(direction, edge.Outward) * edge.Round, edge.Curve} {
+  const double steepest = std::abs(distance_.across) * edge.SteepestSlope;
+  monotone_ = steepest < std::abs(distance_.along);
+  gentle_ = steepest < 0.9 * std::abs(distance_.along);
+}
+
+double ParallelCrossings::At(PlanePoint through) const {
+  LineDistance distance = distance_;
+  distance.constant = Cross(direction_, start_ - through);
   // The round vanishes at both corners, so that the distances there are the straight edge's.
   if (distance.constant == 0) return 0;
   if (distance.constant + distance.along == 0) return 1;
   const double straight = distance.along != 0 ? -distance.constant / distance.along : 0;
-  const bool monotone = std::abs(distance.across) * edge.SteepestSlope < std::abs(distance.along);
-  if (monotone && straight > 0 && straight < 1)
+  if (monotone_ && straight > 0 && straight < 1)
     return ZeroBetween(distance, 0, 1, straight, distance.along > 0);
-  const double crossing = monotone ? -1 : NearestCrossing(distance, straight);
+  const double crossing = monotone_ ? -1 : NearestCrossing(distance, straight);
   if (crossing >= 0) return crossing;
   return straight < 0.5 ? 0 : 1;
+}
+
+Lanes ParallelCrossings::QuicklyAt(const Lanes& y) const {
+  constexpr int kUsualSteps = 3;
+  constexpr int kMostSteps = 5;
+  NewtonLanes lanes;
+  lanes.found.fill(kNotFound);
+  if (!gentle_) return lanes.found;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const double constant = direction_.x * (start_.y - y[i]) - direction_.y * start_.x;
+    const double straight = -constant / distance_.along;
+    lanes.constant[i] = constant;
+    lanes.t[i] = (straight > 0) & (straight < 1) ? straight : kNotFound;
+    lanes.longest[i] = 1;
+  }
+  for (int step = 0; step < kMostSteps; ++step) {
+    if (step >= kUsualSteps && !AnySearching(lanes)) break;
+    TakeNewtonsStep(distance_, lanes);
+  }
+  return lanes.found;
 }
 
 EdgeReach ExtentAlong(const RoundedEdge& edge, PlanePoint direction) {

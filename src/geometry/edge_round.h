@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 #include "geometry/plane.h"
 
 namespace brivane {
@@ -46,6 +49,18 @@ struct RoundedEdge {
 /// An edge without length has no outward side; it stays a point.
 RoundedEdge MakeRoundedEdge(PlanePoint start, PlanePoint end, double round, double position);
 
+/// Signed distance of the points of an edge from a line, scaled by the length of the line's
+/// direction, as a function of the fraction t of the edge: constant + along·t + across·f(t).
+struct LineDistance {
+  double constant = 0;
+  double along = 0;
+  double across = 0;
+  EdgeRoundCurve curve;
+
+  double At(double t) const { return constant + along * t + across * curve.At(t); }
+  double SlopeAt(double t) const { return along + across * curve.SlopeAt(t); }
+};
+
 /// A straight line of the plane. The direction need not have unit length.
 struct PlaneLine {
   PlanePoint Through;
@@ -56,6 +71,30 @@ struct PlaneLine {
 /// steep round is met more than once it is the crossing nearest to the straight edge's; where the
 /// line passes the edge by, the corner on that side.
 double CrossingFraction(const RoundedEdge& edge, const PlaneLine& line);
+
+/// So many crossings are looked for at once: the compiler computes two of them in one instruction,
+/// and the next two while these wait for a division.
+inline constexpr std::size_t kLanes = 8;
+using Lanes = std::array<double, kLanes>;
+
+/// The crossings of one edge with lines of one direction: what they have in common, taken once.
+class ParallelCrossings {
+ public:
+  ParallelCrossings(const RoundedEdge& edge, PlanePoint direction);
+
+  /// CrossingFraction for the line through a point.
+  double At(PlanePoint through) const;
+
+  /// CrossingFraction, bit for bit, for the lines through the points (0, y). NaN where a line does
+  /// not cross the straight edge or a few of Newton's steps do not lead to the crossing: At tells.
+  Lanes QuicklyAt(const Lanes& y) const;
+
+ private:
+  PlanePoint start_, direction_;
+  LineDistance distance_;  ///< of the edge from the line through its start
+  bool monotone_;          ///< the distance has no turn along the edge
+  bool gentle_;            ///< nor comes near to one: its slope is a tenth of the straight edge's
+};
 
 /// How far the rounded edge reaches along a direction: least and greatest dot product, mm.
 struct EdgeReach {

@@ -1,5 +1,6 @@
 #include "geometry/mould.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -10,6 +11,9 @@ constexpr double kFirstAbscissa = 0.2;
 constexpr double kLastAbscissa = 0.6;
 constexpr double kAbscissaStep = 0.01;
 constexpr double kLeastMaximum = 0.0001;
+
+/// Up to here (1 − X)^A changes by less than a factor of 2 within a step, for any X of the walk.
+constexpr double kMostExponent = 20;
 
 double DepthHeight(const SailDefinition& sail) { return sail.DepthPosition / 10; }
 
@@ -27,6 +31,7 @@ double ShapeAt(const SailDefinition& sail, const std::array<double, 3>& shape, d
 /// The abscissae of the walk, accumulated and not recomputed, and how many of them it can reach.
 struct Abscissae {
   std::array<double, 50> X{};
+  std::array<double, 50> InverseRest{};  ///< 1 / (1 − X)
   int Last = 0;
 };
 
@@ -37,16 +42,44 @@ constexpr Abscissae AccumulateAbscissae() {
   while (x < kLastAbscissa) {
     x += kAbscissaStep;
     result.X[static_cast<std::size_t>(++result.Last)] = x;
+    result.InverseRest[static_cast<std::size_t>(result.Last)] = 1 / (1 - x);
   }
   return result;
 }
 
 constexpr Abscissae kAbscissae = AccumulateAbscissae();
 
-/// Sample k of the walk; sample 0 stands for the floor below which no maximum is taken.
-double Sample(double A, double B, int k) {
-  if (k == 0) return kLeastMaximum;
-  return SectionProfile(A, B, 1, kAbscissae.X[static_cast<std::size_t>(k)]);
+/// Depth of the section at X within 0 to 1, with the power (1 − X)^(A + 2).
+double AtPower(const Section& section, double X, double power) {
+  return -power / section.Divisor - section.B * X * X * X / 6 + section.K2 * X + section.K1;
+}
+
+/// How the profile rises around a sample, by Taylor's series there, its fourth term bounded.
+struct Rise {
+  double Before;  ///< from the sample before to this one, divided by their distance
+  double After;   ///< from this sample to the next, divided by their distance
+  double Doubt;   ///< neither is further off than this
+};
+
+/// The rise at sample k, where power is (1 − X)^(A + 2).
+Rise RiseAt(const Section& section, int k, double power) {
+  constexpr double kStep = kAbscissaStep;
+  constexpr double kRounding = 1e-12 / kStep;  // of a profile whose A and B are not large
+  const auto& [A, B, divisor, K1, K2] = section;
+  const double X = kAbscissae.X[static_cast<std::size_t>(k)];
+  const double rest = kAbscissae.InverseRest[static_cast<std::size_t>(k)];
+  const double entry = power * rest * rest;  // (1 − X)^A
+  const double slope = power * rest * (A + 2) * K1 - B * X * X / 2 + K2;
+  const double bend = (entry + B * X) * (kStep / 2);
+  const double third = (A * entry * rest - B) * (kStep * kStep / 6);
+  const double fourth = A * (A + 1) * entry * rest * rest * (kStep * kStep * kStep / 24);
+  return {slope + third + bend, slope + third - bend, 2 * fourth + (K1 + B) * kRounding};
+}
+
+/// How many samples away the greatest is about, by a parabola through the rises.
+int SamplesToPeak(const Rise& rise) {
+  const double samples = (rise.Before + rise.After) / (rise.Before - rise.After) / 2;
+  return static_cast<int>(std::clamp(samples, -50.0, 50.0));
 }
 
 }  // namespace
@@ -84,11 +117,21 @@ double LeechShapeAt(const SailDefinition& sail, double& h) {
   return ShapeAt(sail, sail.LeechShape, h);
 }
 
+Section::Section(double luffExponent, double leechCoefficient)
+    : A(luffExponent),
+      B(leechCoefficient),
+      Divisor((A + 1) * (A + 2)),
+      K1(1 / Divisor),
+      K2(B / 6 - K1) {}
+
+double Section::At(double X) const {
+  if (X <= 0 || X >= 1) return 0;
+  return AtPower(*this, X, std::pow(1 - X, A + 2));
+}
+
 double SectionProfile(double A, double B, double S, double X) {
   if (X <= 0 || X >= 1) return 0;
-  const double K1 = 1 / ((A + 1) * (A + 2));
-  const double K2 = B / 6 - K1;
-  return S * (-std::pow(1 - X, A + 2) / ((A + 1) * (A + 2)) - B * X * X * X / 6 + K2 * X + K1);
+  return S * Section(A, B).At(X);
 }
 
 double ProfileNormaliser(double A, double B) {
@@ -103,30 +146,35 @@ double ProfileNormaliser(double A, double B) {
   return 1 / best;
 }
 
-double NormaliserWalk::operator()(double A, double B) {
-  if (!(A >= 0 && B >= 0)) return ProfileNormaliser(A, B);
-  int k = fall_;
-  double before = Sample(A, B, k - 1);
-  double here = Sample(A, B, k);
-  if (here < before) {  // the first fall lies here or earlier
-    while (k > 1) {
-      const double earlier = Sample(A, B, k - 2);
-      if (!(before < earlier)) break;
-      here = before;
-      before = earlier;
-      --k;
+double NormaliserWalk::operator()(const Section& section) {
+  const auto& [A, B, divisor, K1, K2] = section;
+  if (!(A >= 0 && A <= kMostExponent && B >= 0)) return ProfileNormaliser(A, B);
+  int low = 1;
+  int high = kAbscissae.Last - 1;
+  while (low <= high) {
+    const int k = std::clamp(greatest_, low, high);
+    const double X = kAbscissae.X[static_cast<std::size_t>(k)];
+    const double power = std::pow(1 - X, A + 2);
+    const Rise rise = RiseAt(section, k, power);
+    const bool rising = k == low || rise.Before > rise.Doubt;
+    const bool falling = k == high || rise.After < -rise.Doubt;
+    if (rising && falling) {
+      const double greatest = AtPower(section, X, power);
+      // The walk may end at its first sample, at the floor; the profile is higher there than a
+      // third of its maximum.
+      if (!(greatest >= 3 * kLeastMaximum)) break;
+      greatest_ = k;
+      return 1 / greatest;
     }
-  } else {  // it lies later, or the walk runs to its end
-    while (k < kAbscissae.Last && !(here < before)) {
-      before = here;
-      here = Sample(A, B, ++k);
-    }
+    if (rise.After > rise.Doubt)
+      low = k + 1;
+    else if (rise.Before < -rise.Doubt)
+      high = k - 1;
+    else
+      break;
+    greatest_ = k + SamplesToPeak(rise);
   }
-  fall_ = k;
-  // The search may end at its first sample, at the floor; the profile is higher there than a third
-  // of its maximum.
-  if (!(before >= 3 * kLeastMaximum)) return ProfileNormaliser(A, B);
-  return 1 / before;
+  return ProfileNormaliser(A, B);
 }
 
 }  // namespace brivane

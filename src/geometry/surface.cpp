@@ -1,9 +1,10 @@
 #include "geometry/surface.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "geometry/faults.h"
-#include "geometry/twist.h"
 
 namespace brivane {
 namespace {
@@ -32,8 +33,15 @@ SailEdges EdgesWithSymmetricFoot(const SailDefinition& sail) {
   return edges;
 }
 
-/// The section's line y = tan(FootAngle)·x + c.
-PlaneLine SectionLine(const SurfaceFrame& frame, double c) { return {{0, c}, {1, frame.TanFoot}}; }
+/// A fraction of an edge that has not been looked for.
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+/// Where the section that lies c above the foot on the luff line, y = tan(FootAngle)·x + c, meets
+/// the edge: at a fraction that may be known.
+PlanePoint Meeting(const RoundedEdge& edge, const ParallelCrossings& sections, double c,
+                   double fraction) {
+  return edge.At(std::isnan(fraction) ? sections.At({0, c}) : fraction);
+}
 
 /// x at which the section that lies c (≤ 0) above the foot on the luff line meets the foot round,
 /// between the corner at outer and a point inside at inner: ten halvings, no more.
@@ -58,14 +66,13 @@ SectionEnd EndOnFoot(const SurfaceFrame& frame, double c, double m, double along
   return {x, frame.TanFoot * x + c, FootDepth(frame, m), EdgeCode::Foot, along};
 }
 
-SectionEnd EndOnGaff(const SurfaceFrame& frame, double c) {
+SectionEnd EndOnGaff(const SurfaceFrame& frame, double c, double fraction) {
   const SailDefinition& sail = frame.Definition;
   const double rise = sail.PeakPoint.y - sail.LuffLength - sail.PeakPoint.x * frame.TanFoot;
   if (rise == 0) throw GeometryFault(kParallelGaffWords);
   const double straightX = (c - sail.LuffLength) * sail.PeakPoint.x / rise;
-  const PlanePoint end =
-      frame.Edges.Gaff.At(CrossingFraction(frame.Edges.Gaff, SectionLine(frame, c)));
-  return {end.x, end.y, GaffTwist(sail, straightX), EdgeCode::Gaff, c};
+  const PlanePoint end = Meeting(frame.Edges.Gaff, frame.OnGaff, c, fraction);
+  return {end.x, end.y, GaffTwist(sail, frame.Sines, straightX), EdgeCode::Gaff, c};
 }
 
 double HeightOnLuff(const SurfaceFrame& frame, double x, double y) { return y - frame.TanFoot * x; }
@@ -78,12 +85,79 @@ double HeightFraction(const SurfaceFrame& frame, double onLuff) {
   return (e + onLuff) / (e + sail.PeakPoint.y);
 }
 
+SectionEnd ForwardEnd(const SurfaceFrame& frame, double x, double c, double fraction) {
+  if (c <= 0) return EndOnFoot(frame, c, FootCrossing(frame, c, 0, x), c);
+  if (c > frame.Definition.LuffLength) return EndOnGaff(frame, c, fraction);
+  const PlanePoint end = Meeting(frame.Edges.Luff, frame.OnLuff, c, fraction);
+  return {end.x, end.y, 0, EdgeCode::Luff, c};
+}
+
+SectionEnd AftEnd(const SurfaceFrame& frame, PlanePoint at, double c, double fraction) {
+  const SailDefinition& sail = frame.Definition;
+  const double aboveClew = frame.TanFoot * (sail.ClewPoint.x - at.x) + at.y - sail.ClewPoint.y;
+  const double onLeech =
+      aboveClew * frame.SinLeech * frame.TanLeechFoot + aboveClew * frame.CosLeech;
+  if (onLeech <= 0)
+    return EndOnFoot(frame, c, FootCrossing(frame, c, sail.ClewPoint.x, at.x), onLeech);
+  const PlanePoint end = Meeting(frame.Edges.Leech, frame.OnLeech, c, fraction);
+  return {end.x, end.y, TwistOffset(sail, end.x, end.y), EdgeCode::Luff, onLeech};
+}
+
+/// z of the surface at a point between the ends of its section.
+double ZBetween(const SurfaceFrame& frame, const SectionEnd& forward, const SectionEnd& aft,
+                PlanePoint at) {
+  const SailDefinition& sail = frame.Definition;
+  const double depth = DepthAt(sail, HeightFraction(frame, forward.Along));
+  double luffHeight = forward.Along / sail.PeakPoint.y;
+  double leechHeight = aft.Along / sail.LeechLength;
+  const Section section(LuffShapeAt(sail, luffHeight), LeechShapeAt(sail, leechHeight));
+  const double normaliser = frame.Normaliser(section);
+
+  const double chord = Length({aft.x - forward.x, aft.y - forward.y}) + kChordAllowance;
+  const double p = Length({at.x - forward.x, at.y - forward.y}) / chord;
+  const double camber = depth * (normaliser * section.At(p)) * chord;
+  const double z = forward.z + camber + (aft.z - forward.z) * p;
+  RequireFinite(z);
+  return z;
+}
+
+/// The sections through several points: their heights on the luff line and the fractions of the
+/// edges at which they end.
+struct Sections {
+  Lanes Height;
+  Lanes Forward;  ///< of the luff or the gaff, or unknown
+  Lanes Aft;      ///< of the leech, or unknown
+};
+
+Sections FindSections(const SurfaceFrame& frame, std::span<const PlanePoint> points) {
+  const double throat = frame.Definition.LuffLength;
+  Sections sections;
+  sections.Forward.fill(kUnknown);
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const PlanePoint& at = points[std::min(i, points.size() - 1)];
+    sections.Height[i] = HeightOnLuff(frame, at.x, at.y);
+  }
+  const auto [lowest, highest] = std::ranges::minmax(sections.Height);
+  if (lowest <= throat) sections.Forward = frame.OnLuff.QuicklyAt(sections.Height);
+  if (highest > throat) {
+    const Lanes onGaff = frame.OnGaff.QuicklyAt(sections.Height);
+    for (std::size_t i = 0; i < kLanes; ++i)
+      if (sections.Height[i] > throat) sections.Forward[i] = onGaff[i];
+  }
+  sections.Aft = frame.OnLeech.QuicklyAt(sections.Height);
+  return sections;
+}
+
 }  // namespace
 
 SurfaceFrame::SurfaceFrame(SailDefinition& sail)
     : Definition((RequireUsable(sail), sail)),
       FootRoundPos(sail.FootRoundPos),
       Edges(EdgesWithSymmetricFoot(sail)),
+      OnLuff(Edges.Luff, {1, std::tan(sail.FootAngle)}),
+      OnGaff(Edges.Gaff, {1, std::tan(sail.FootAngle)}),
+      OnLeech(Edges.Leech, {1, std::tan(sail.FootAngle)}),
+      Sines(sail),
       TanFoot(std::tan(sail.FootAngle)),
       CosFoot(std::cos(sail.FootAngle)),
       SinLeech(std::sin(sail.LeechAngle)),
@@ -98,25 +172,11 @@ SurfaceFrame::SurfaceFrame(SailDefinition& sail)
 }
 
 SectionEnd FindForwardEnd(const SurfaceFrame& frame, double x, double y) {
-  const double c = HeightOnLuff(frame, x, y);
-  if (c <= 0) return EndOnFoot(frame, c, FootCrossing(frame, c, 0, x), c);
-  if (c > frame.Definition.LuffLength) return EndOnGaff(frame, c);
-  const PlanePoint end =
-      frame.Edges.Luff.At(CrossingFraction(frame.Edges.Luff, SectionLine(frame, c)));
-  return {end.x, end.y, 0, EdgeCode::Luff, c};
+  return ForwardEnd(frame, x, HeightOnLuff(frame, x, y), kUnknown);
 }
 
 SectionEnd FindAftEnd(const SurfaceFrame& frame, double x, double y) {
-  const SailDefinition& sail = frame.Definition;
-  const double c = HeightOnLuff(frame, x, y);
-  const double aboveClew = frame.TanFoot * (sail.ClewPoint.x - x) + y - sail.ClewPoint.y;
-  const double onLeech =
-      aboveClew * frame.SinLeech * frame.TanLeechFoot + aboveClew * frame.CosLeech;
-  if (onLeech <= 0)
-    return EndOnFoot(frame, c, FootCrossing(frame, c, sail.ClewPoint.x, x), onLeech);
-  const PlanePoint end =
-      frame.Edges.Leech.At(CrossingFraction(frame.Edges.Leech, SectionLine(frame, c)));
-  return {end.x, end.y, TwistOffset(sail, end.x, end.y), EdgeCode::Luff, onLeech};
+  return AftEnd(frame, {x, y}, HeightOnLuff(frame, x, y), kUnknown);
 }
 
 double FootDepth(const SurfaceFrame& frame, double x) {
@@ -125,23 +185,21 @@ double FootDepth(const SurfaceFrame& frame, double x) {
 }
 
 double SurfacePointZ(const SurfaceFrame& frame, double x, double y) {
-  const SailDefinition& sail = frame.Definition;
-  const SectionEnd forward = FindForwardEnd(frame, x, y);
-  const SectionEnd aft = FindAftEnd(frame, x, y);
+  return ZBetween(frame, FindForwardEnd(frame, x, y), FindAftEnd(frame, x, y), {x, y});
+}
 
-  const double depth = DepthAt(sail, HeightFraction(frame, forward.Along));
-  double luffHeight = forward.Along / sail.PeakPoint.y;
-  double leechHeight = aft.Along / sail.LeechLength;
-  const double luffShape = LuffShapeAt(sail, luffHeight);
-  const double leechShape = LeechShapeAt(sail, leechHeight);
-  const double normaliser = frame.Normaliser(luffShape, leechShape);
-
-  const double chord = Length({aft.x - forward.x, aft.y - forward.y}) + kChordAllowance;
-  const double p = Length({x - forward.x, y - forward.y}) / chord;
-  const double camber = depth * SectionProfile(luffShape, leechShape, normaliser, p) * chord;
-  const double z = forward.z + camber + (aft.z - forward.z) * p;
-  RequireFinite(z);
-  return z;
+void SurfacePointsZ(const SurfaceFrame& frame, std::span<const PlanePoint> points, double* z) {
+  for (; !points.empty(); z += kLanes) {
+    const auto block = points.first(std::min(kLanes, points.size()));
+    const Sections sections = FindSections(frame, block);
+    for (std::size_t i = 0; i < block.size(); ++i) {
+      const double c = sections.Height[i];
+      const SectionEnd forward = ForwardEnd(frame, block[i].x, c, sections.Forward[i]);
+      const SectionEnd aft = AftEnd(frame, block[i], c, sections.Aft[i]);
+      z[i] = ZBetween(frame, forward, aft, block[i]);
+    }
+    points = points.subspan(block.size());
+  }
 }
 
 }  // namespace brivane

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "geometry/mould.h"
 #include "geometry/sail_edges.h"
+#include "geometry/twist.h"
 #include "model/sail.h"
 
 namespace brivane {
@@ -29,7 +31,9 @@ struct SurfaceFrame {
   const SailDefinition& Definition;
   std::int16_t& FootRoundPos;  ///< a section that ends on the foot sets it to 50
 
-  SailEdges Edges;            ///< the foot round always symmetric
+  SailEdges Edges;                            ///< the foot round always symmetric
+  ParallelCrossings OnLuff, OnGaff, OnLeech;  ///< of the sections
+  GaffSines Sines;
   double TanFoot, CosFoot;    ///< of FootAngle
   double SinLeech, CosLeech;  ///< of LeechAngle
   double TanLeechFoot;        ///< of LeechAngle − FootAngle
@@ -51,5 +55,9 @@ double FootDepth(const SurfaceFrame& frame, double x);
 /// z of the surface at the plane point (x, y), mm: twist of the section's ends and its camber.
 /// Throws GeometryFault where the result is not finite.
 double SurfacePointZ(const SurfaceFrame& frame, double x, double y);
+
+/// SurfacePointZ of one point after another, at half the time that it takes each by itself. Throws
+/// as it does.
+void SurfacePointsZ(const SurfaceFrame& frame, std::span<const PlanePoint> points, double* z);
 
 }  // namespace brivane

@@ -12,9 +12,16 @@ double TwistOffset(const SailDefinition& sail, double x, double y) {
   return x * std::sin(t * sail.TwistAngle);
 }
 
+GaffSines::GaffSines(const SailDefinition& sail)
+    : Reach(sail.GaffLength * std::sin(sail.GaffAngle)), SinTwist(std::sin(sail.TwistAngle)) {}
+
 double GaffTwist(const SailDefinition& sail, double x) {
+  return GaffTwist(sail, GaffSines(sail), x);
+}
+
+double GaffTwist(const SailDefinition& sail, const GaffSines& sines, double x) {
   const double t = sail.PeakPoint.x != 0 ? std::clamp(x / sail.PeakPoint.x, 0.0, 1.0) : 0;
-  return sail.GaffLength * std::sin(sail.GaffAngle) * t * std::sin(sail.TwistAngle);
+  return sines.Reach * t * sines.SinTwist;
 }
 
 }  // namespace brivane

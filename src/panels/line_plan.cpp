@@ -69,32 +69,82 @@ void CopyPoint(SurfaceGrid& grid, int fromLine, int fromPoint, int line, int poi
   grid.SurfaceZ(line, point) = grid.SurfaceZ(fromLine, fromPoint);
 }
 
+/// Points of one line, gathered in the plane to be lifted to the surface together.
+struct LinePoints {
+  std::array<PlanePoint, kLastPoint + 1> At;
+  std::array<int, kLastPoint + 1> Point;
+  std::size_t Count = 0;
+
+  void Add(int point, PlanePoint at) {
+    At[Count] = at;
+    Point[Count++] = point;
+  }
+};
+
+void PutPoints(const SurfaceFrame& frame, const LinePoints& points, SurfaceGrid& grid, int line) {
+  std::array<double, kLastPoint + 1> z;
+  SurfacePointsZ(frame, std::span(points.At).first(points.Count), z.data());
+  for (std::size_t i = 0; i < points.Count; ++i)
+    PutPoint(grid, line, points.Point[i], points.At[i], z[i]);
+}
+
+/// The clew is put at once: it is not lifted.
+void AddPlace(const Boundary& ring, double place, SurfaceGrid& grid, int line, int point,
+              LinePoints& points) {
+  if (IsClew(place))
+    PutPoint(grid, line, point, ring.At(place), 0);
+  else
+    points.Add(point, ring.At(place));
+}
+
 /// The straight seam from its forward to its aft end at 30 equal intervals.
-void PutSeam(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line) {
-  const LayoutLine& ends = plan.Lines[static_cast<std::size_t>(line)];
-  const PlanePoint forward = plan.Ring.At(ends.Forward);
-  const PlanePoint aft = plan.Ring.At(ends.Aft);
+void AddSeam(PlanePoint forward, PlanePoint aft, LinePoints& points) {
   constexpr int kIntervals = kAftCorner - kForwardCorner;
-  for (int i = 0; i <= kIntervals; ++i) {
-    const PlanePoint at = i == kIntervals ? aft : Between(forward, aft, double(i) / kIntervals);
-    PutPoint(grid, line, kForwardCorner + i, at, SurfacePointZ(frame, at.x, at.y));
+  for (int i = 0; i < kIntervals; ++i)
+    points.Add(kForwardCorner + i, Between(forward, aft, double(i) / kIntervals));
+  points.Add(kAftCorner, aft);
+}
+
+/// The boundary between two places, as PutBoundary tells.
+void AddBoundary(const Boundary& ring, double from, double to, SurfaceGrid& grid, int line,
+                 int first, int last, LinePoints& points) {
+  // The ends of the walk are the neighbours of first and last, which stand elsewhere.
+  const int intervals = last - first + 2;
+  Walk walk = CutAtCorners(from, to);
+  SpreadIntervals(ring, walk, intervals);
+  int point = first;
+  for (std::size_t i = 0; i < walk.count; ++i) {
+    const Stretch& stretch = walk.stretches[i];
+    for (int step = 1; step <= stretch.intervals && point <= last; ++step, ++point) {
+      const double place = step == stretch.intervals ? stretch.to
+                                                     : stretch.from + (stretch.to - stretch.from) *
+                                                                          step / stretch.intervals;
+      AddPlace(ring, place, grid, line, point, points);
+    }
   }
 }
 
-/// The edge piece that joins the forward end of a line to that of the line before.
-void PutForwardEdge(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line,
-                    double forward) {
+/// The edge pieces that join the ends of a line to those of the line before.
+void AddForwardEdge(const LinePlan& plan, double forward, SurfaceGrid& grid, int line,
+                    LinePoints& points) {
   const LayoutLine& before = plan.Lines[static_cast<std::size_t>(line - 1)];
   CopyPoint(grid, line - 1, kForwardCorner, line, 0);
-  PutBoundary(frame, plan.Ring, before.Forward, forward, grid, line, 1, kForwardCorner - 1);
+  AddBoundary(plan.Ring, before.Forward, forward, grid, line, 1, kForwardCorner - 1, points);
 }
 
-/// The edge piece that joins the aft end of a line to that of the line before.
-void PutAftEdge(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line,
-                double aft) {
+void AddAftEdge(const LinePlan& plan, double aft, SurfaceGrid& grid, int line, LinePoints& points) {
   const LayoutLine& before = plan.Lines[static_cast<std::size_t>(line - 1)];
-  PutBoundary(frame, plan.Ring, aft, before.Aft, grid, line, kAftCorner + 1, kLastPoint - 1);
+  AddBoundary(plan.Ring, aft, before.Aft, grid, line, kAftCorner + 1, kLastPoint - 1, points);
   CopyPoint(grid, line - 1, kAftCorner, line, kLastPoint);
+}
+
+void PutLine(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid, int line) {
+  const LayoutLine& ends = plan.Lines[static_cast<std::size_t>(line)];
+  LinePoints points;
+  AddSeam(plan.Ring.At(ends.Forward), plan.Ring.At(ends.Aft), points);
+  AddForwardEdge(plan, ends.Forward, grid, line, points);
+  AddAftEdge(plan, ends.Aft, grid, line, points);
+  PutPoints(frame, points, grid, line);
 }
 
 /// Where the last line ends: at the last corner, or at the aft end of the line before where that
@@ -112,13 +162,15 @@ void PutLastLine(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& g
   const double end = EndOfLastLine(plan, before);
   for (int point = 0; point <= kForwardCorner; ++point)
     CopyPoint(grid, line - 1, kForwardCorner, line, point);
-  PutBoundary(frame, plan.Ring, before.Forward, end, grid, line, kForwardCorner + 1,
-              kAftCorner - 1);
+  LinePoints points;
+  AddBoundary(plan.Ring, before.Forward, end, grid, line, kForwardCorner + 1, kAftCorner - 1,
+              points);
   if (end == before.Aft)
     CopyPoint(grid, line - 1, kAftCorner, line, kAftCorner);
   else
-    PutPlace(frame, plan.Ring, end, grid, line, kAftCorner);
-  PutAftEdge(frame, plan, grid, line, end);
+    AddPlace(plan.Ring, end, grid, line, kAftCorner, points);
+  AddAftEdge(plan, end, grid, line, points);
+  PutPoints(frame, points, grid, line);
 }
 
 double CodeValue(EdgeCode code) { return static_cast<double>(code); }
@@ -172,36 +224,24 @@ Steps StepOff(double clothWidth, const Allowances& allowances, const StepBounds&
 
 void PutPlace(const SurfaceFrame& frame, const Boundary& ring, double place, SurfaceGrid& grid,
               int line, int point) {
-  const PlanePoint at = ring.At(place);
-  PutPoint(grid, line, point, at, IsClew(place) ? 0 : SurfacePointZ(frame, at.x, at.y));
+  LinePoints points;
+  AddPlace(ring, place, grid, line, point, points);
+  PutPoints(frame, points, grid, line);
 }
 
 void PutBoundary(const SurfaceFrame& frame, const Boundary& ring, double from, double to,
                  SurfaceGrid& grid, int line, int first, int last) {
-  // The ends of the walk are the neighbours of first and last, which stand already.
-  const int intervals = last - first + 2;
-  Walk walk = CutAtCorners(from, to);
-  SpreadIntervals(ring, walk, intervals);
-  int point = first;
-  for (std::size_t i = 0; i < walk.count; ++i) {
-    const Stretch& stretch = walk.stretches[i];
-    for (int step = 1; step <= stretch.intervals && point <= last; ++step, ++point) {
-      const double place = step == stretch.intervals ? stretch.to
-                                                     : stretch.from + (stretch.to - stretch.from) *
-                                                                          step / stretch.intervals;
-      PutPlace(frame, ring, place, grid, line, point);
-    }
-  }
+  LinePoints points;
+  AddBoundary(ring, from, to, grid, line, first, last, points);
+  PutPoints(frame, points, grid, line);
 }
 
 void FillGrid(const SurfaceFrame& frame, const LinePlan& plan, SurfaceGrid& grid) {
   grid.SurfaceX(0, kEdgeCodeColumn) = CodeValue(plan.Lines[0].Code);
   for (int line = 1; line < plan.PanelCount; ++line) {
-    const LayoutLine& ends = plan.Lines[static_cast<std::size_t>(line)];
-    PutSeam(frame, plan, grid, line);
-    PutForwardEdge(frame, plan, grid, line, ends.Forward);
-    PutAftEdge(frame, plan, grid, line, ends.Aft);
-    grid.SurfaceX(line, kEdgeCodeColumn) = CodeValue(ends.Code);
+    PutLine(frame, plan, grid, line);
+    grid.SurfaceX(line, kEdgeCodeColumn) =
+        CodeValue(plan.Lines[static_cast<std::size_t>(line)].Code);
   }
   PutLastLine(frame, plan, grid);
   grid.SurfaceX(plan.PanelCount, kEdgeCodeColumn) = CodeValue(plan.LastCode);

@@ -170,6 +170,36 @@ TEST(CrossingFraction, AgreesWithAWalkAlongTheEdgeOfAnySize) {
   EXPECT_GT(several, 150);
 }
 
+TEST(ParallelCrossings, AreFoundQuicklyBitForBit) {
+  std::mt19937_64 random(23);
+  std::uniform_real_distribution<double> unit(-1, 1);
+  int looked = 0;
+  int found = 0;
+  for (int i = 0; i < 20000; ++i) {
+    const double length = std::pow(10, 3 + unit(random));
+    const double share = std::pow(10, -3 + 2.5 * unit(random));  // of the round: up to a third
+    const PlanePoint start{length * unit(random), length * unit(random)};
+    const PlanePoint end = start + length * PlanePoint{unit(random) / 2, i % 2 == 0 ? 1.0 : -1.0};
+    const double round = i % 7 == 0 ? 0 : length * share * unit(random);
+    const RoundedEdge edge = MakeRoundedEdge(start, end, round, 0.5 + 0.3 * unit(random));
+    const double slope = unit(random) / 2;
+    const ParallelCrossings crossings(edge, {1, slope});
+    Lanes y;
+    for (double& height : y) {
+      const PlanePoint at = edge.At(0.5 + 0.52 * unit(random));
+      height = at.y - at.x * slope;
+    }
+    const Lanes quickly = crossings.QuicklyAt(y);
+    for (std::size_t lane = 0; lane < kLanes; ++lane) {
+      ++looked;
+      if (std::isnan(quickly[lane])) continue;
+      ++found;
+      EXPECT_EQ(quickly[lane], crossings.At({0, y[lane]})) << i << " " << lane;
+    }
+  }
+  EXPECT_GT(found, looked * 3 / 4);
+}
+
 TEST(CrossingFraction, EndsAtTheCornerWhereTheLinePassesBy) {
   const RoundedEdge luff = MakeRoundedEdge({0, 0}, {0, 4000}, 100, 0.5);
   EXPECT_EQ(CrossingFraction(luff, {{0, -10}, {1, 0}}), 0);

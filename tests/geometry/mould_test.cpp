@@ -153,7 +153,7 @@ TEST(NormaliserWalk, IsBitIdenticalToTheSearchFromTheStart) {
     const double scale = unit(random) < 0.1 ? 100 : 8;
     const double A = scale * unit(random);
     const double B = unit(random) < 0.1 ? 1000 * unit(random) : 0.3 * unit(random);
-    EXPECT_EQ(walk(A, B), ProfileNormaliser(A, B)) << A << " " << B;
+    EXPECT_EQ(walk({A, B}), ProfileNormaliser(A, B)) << A << " " << B;
   }
 }
 
@@ -164,16 +164,50 @@ TEST(NormaliserWalk, IsBitIdenticalWhereTheProfileAllButVanishes) {
   for (int i = 0; i < 20000; ++i) {
     const double A = std::pow(10, unit(random) < 0.1 ? 300 * unit(random) : 4 * unit(random));
     const double B = unit(random) < 0.5 ? 0 : 0.01 * unit(random);
-    EXPECT_EQ(walk(A, B), ProfileNormaliser(A, B)) << A << " " << B;
-    walk(3, 0.06);  // so that the next walk begins somewhere else than at its start
+    EXPECT_EQ(walk({A, B}), ProfileNormaliser(A, B)) << A << " " << B;
+    walk({3, 0.06});  // so that the next walk begins somewhere else than at its start
+  }
+}
+
+TEST(NormaliserWalk, IsBitIdenticalFromOneSectionToTheNext) {
+  // From a parabola, fullest in the middle, to sections that are fullest before the first sample
+  // and beyond the last, in small steps and by every factor of the mould window.
+  NormaliserWalk walk;
+  for (int i = 0; i <= 20000; ++i) {
+    const double A = i / 800.0;
+    const double B = i < 10000 ? 0 : (i - 10000) / 1000.0;
+    EXPECT_EQ(walk({A, B}), ProfileNormaliser(A, B)) << A << " " << B;
+  }
+  for (int luff = 0; luff <= 100; ++luff)
+    for (int leech = 0; leech <= 100; ++leech)
+      EXPECT_EQ(walk({luff / 10.0, leech / 500.0}), ProfileNormaliser(luff / 10.0, leech / 500.0))
+          << luff << " " << leech;
+}
+
+TEST(NormaliserWalk, IsBitIdenticalWhereTwoSamplesAreAllButAlike) {
+  // The leech coefficient at which samples k and k + 1 are equal, and next to it on both sides.
+  NormaliserWalk walk;
+  for (const double A : {0.0, 0.5, 1.0, 3.0, 6.0, 12.0}) {
+    double X = 0.2;
+    for (int k = 1; k < 39; ++k) {
+      X += 0.01;
+      const auto rise = [&](double B) {
+        return SectionProfile(A, B, 1, X + 0.01) - SectionProfile(A, B, 1, X);
+      };
+      const double equal = -rise(0) / (rise(1) - rise(0));  // the rise is linear in B
+      if (!(equal > 0)) continue;
+      for (const double part : {-1e-3, -1e-6, -1e-9, -1e-12, -1e-15, 0.0, 1e-15, 1e-12, 1e-9, 1e-6})
+        EXPECT_EQ(walk({A, equal * (1 + part)}), ProfileNormaliser(A, equal * (1 + part)))
+            << A << " " << k << " " << part;
+    }
   }
 }
 
 TEST(NormaliserWalk, FallsBackToTheSearchForFactorsBelowZero) {
   NormaliserWalk walk;
-  EXPECT_EQ(walk(-0.9, 0), ProfileNormaliser(-0.9, 0));
-  EXPECT_EQ(walk(3, -0.5), ProfileNormaliser(3, -0.5));
-  EXPECT_EQ(walk(200, 0), 10000);
+  EXPECT_EQ(walk({-0.9, 0}), ProfileNormaliser(-0.9, 0));
+  EXPECT_EQ(walk({3, -0.5}), ProfileNormaliser(3, -0.5));
+  EXPECT_EQ(walk({200, 0}), 10000);
 }
 
 }  // namespace

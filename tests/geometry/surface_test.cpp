@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
+#include <vector>
 
 #include "geometry/outline.h"
 #include "geometry/twist.h"
@@ -323,6 +325,67 @@ TEST(SurfaceFrame, CarriesASailOfAnySize) {
   sail.LuffShape = {-0.5, 0.5, 0.5};
   sail.DepthPosition = 0.5;
   EXPECT_NO_THROW(SurfaceFrame{sail});
+}
+
+/// z of the points, once all together and once each by itself, must be the same bits.
+void ExpectSameTogether(const SurfaceFrame& frame, const std::vector<PlanePoint>& points) {
+  std::vector<double> z(points.size() + 1, -1);
+  SurfacePointsZ(frame, points, z.data());
+  for (std::size_t i = 0; i < points.size(); ++i)
+    EXPECT_EQ(z[i], SurfacePointZ(frame, points[i].x, points[i].y)) << i;
+  EXPECT_EQ(z.back(), -1);  // nothing is written beyond
+}
+
+TEST(SurfacePointsZ, AreThoseOfEachPointByItself) {
+  std::mt19937_64 random(11);
+  std::uniform_real_distribution<double> unit(-1, 1);
+  for (int i = 0; i < 200; ++i) {
+    SailDefinition sail = i % 2 == 0 ? SquareSail() : SailDefinition{};
+    sail.LuffRound = 150 * unit(random);
+    sail.LeechRound = (i % 10 == 0 ? 1000 : 200) * unit(random);
+    sail.FootRound = 200 * unit(random);
+    sail.LuffRoundPos = static_cast<std::int16_t>(50 + 20 * unit(random));
+    ComputeOutline(sail);
+    const SurfaceFrame frame(sail);
+    std::vector<PlanePoint> points;
+    for (int count = 0; count < 42; ++count) {  // along one seam after another, beyond both ends
+      const double share = count / 40.0;
+      points.push_back({(4000 * share - 200) * (1 + 0.1 * unit(random)),
+                        2500 + 2700 * unit(random) + 300 * share});
+    }
+    ExpectSameTogether(frame, points);
+  }
+}
+
+TEST(SurfacePointsZ, TakeAnyNumberOfPoints) {
+  SailDefinition sail = SquareSail();
+  const SurfaceFrame frame(sail);
+  for (std::size_t count = 0; count <= 3 * kLanes; ++count) {
+    std::vector<PlanePoint> points;
+    for (std::size_t i = 0; i < count; ++i)
+      points.push_back({100.0 * static_cast<double>(i), 200.0 * static_cast<double>(i)});
+    ExpectSameTogether(frame, points);
+  }
+}
+
+TEST(SurfacePointsZ, MeetTheCornersAndTheEndsOfEveryEdge) {
+  SailDefinition sail;
+  ComputeOutline(sail);
+  const SurfaceFrame frame(sail);
+  std::vector<PlanePoint> points;
+  for (const RoundedEdge* edge :
+       {&frame.Edges.Foot, &frame.Edges.Luff, &frame.Edges.Gaff, &frame.Edges.Leech})
+    for (int i = 0; i <= 40; ++i) points.push_back(edge->At(i / 40.0));
+  ExpectSameTogether(frame, points);
+}
+
+TEST(SurfacePointsZ, RefuseWhatEachPointRefuses) {
+  SailDefinition sail = SquareSail();
+  sail.Depth[kMiddle] = 1.7e308;
+  const SurfaceFrame frame(sail);
+  double z[2];
+  EXPECT_THROW(SurfacePointsZ(frame, std::vector<PlanePoint>{{500, 10}, {1000, 2500}}, z),
+               GeometryFault);
 }
 
 TEST(SurfacePointZ, RefusesASectionOnAGaffParallelToTheFoot) {
