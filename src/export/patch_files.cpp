@@ -11,6 +11,7 @@ namespace brivane {
 namespace {
 
 constexpr std::int16_t kCutColour = 7;
+constexpr std::size_t kPlotterBytes = 14000;  ///< eight outlines of some sixty points, and a little
 constexpr BilingualText kPlotterSaved = {
     "Patches saved in file: Patches.BP4",
     "Renforts sauvegardés dans le fichiers: \n    Patches.BP4"};
@@ -88,7 +89,7 @@ std::vector<std::string> PatchDxfPaths(const Sail& sail, std::string_view folder
 }
 
 std::string PatchPlotterText(const Sail& sail, char decimalMark) {
-  FileText text;
+  FileText text(kPlotterBytes);
   text += "PLOT Patch:  -- ";
   text += ProgramTitle;
   text += " -- version:";

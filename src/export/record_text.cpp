@@ -1,19 +1,19 @@
 #include "export/record_text.h"
 
+#include <cmath>
+
 #include "model/number_text.h"
 
 namespace brivane {
 namespace {
 
-constexpr NumberPattern kTenthsEnd = {"", 1, 1, " \r\n"};  ///< closes a point line
+constexpr std::string_view kZoneOfBlanks = "              ";
+static_assert(kZoneOfBlanks.size() == kPrintZone);
 
-/// Blanks up to the next print zone of the line that starts there.
-void FillZone(FileText& text, std::size_t lineStart) {
-  constexpr std::string_view kZoneOfBlanks = "              ";
-  static_assert(kZoneOfBlanks.size() == kPrintZone);
-  char* const at = text.Room(kPrintZone);
-  PutWords(at, kZoneOfBlanks);
-  text.EndAt(at + kPrintZone - (text.Size() - lineStart) % kPrintZone);
+/// Blanks from a line's end so far up to the next print zone. Returns where that begins.
+char* PutZoneEnd(char* end, const char* lineStart) {
+  const std::size_t length = static_cast<std::size_t>(end - lineStart);
+  return PutWords(end, kZoneOfBlanks.substr(length % kPrintZone));
 }
 
 }  // namespace
@@ -30,18 +30,22 @@ std::string LineName(std::string_view sailName) {
 }
 
 void AppendZones(FileText& text, std::string_view first, std::string_view second) {
-  const std::size_t start = text.Size();
-  text += first;
-  FillZone(text, start);
+  char* const start = text.Room(first.size() + kPrintZone);
+  text.EndAt(PutZoneEnd(PutWords(start, first), start));
   text += second;
   text += kLineEnd;
 }
 
 void AppendPlotterPoint(FileText& text, double x, double y, char decimalMark) {
-  const std::size_t start = text.Size();
-  AppendPattern<kTenthsBlank>(text, x, decimalMark);
-  FillZone(text, start);
-  AppendPattern<kTenthsEnd>(text, y, decimalMark);
+  char* const start = text.Room(2 * kLongestFixed + 2 * kPrintZone);
+  // The first number seldom leaves its zone.
+  char* second = PutWords(start, kZoneOfBlanks);
+  char* const end = PutFixed<1>(start, x < 0, std::fabs(x), decimalMark) + 1;
+  if (end >= second) {
+    end[-1] = ' ';
+    second = PutZoneEnd(end, start);
+  }
+  text.EndAt(PutWords(PutFixed<1>(second, y < 0, std::fabs(y), decimalMark), " \r\n"));
 }
 
 void AppendPlotterCommand(FileText& text, std::string_view word, int points) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "geometry/faults.h"
 #include "geometry/sail_edges.h"
@@ -63,6 +64,7 @@ using Points = std::vector<PlanePoint>;
 
 Points SidePoints(const Side& side) {
   Points points;
+  points.reserve(kSideSteps + 1);
   for (int k = 0; k <= kSideSteps; ++k)
     points.push_back(side.OnEdge(static_cast<double>(k) / kSideSteps));
   return points;
@@ -89,43 +91,44 @@ double Swell(std::size_t n) {
 // the other, in the direction of the sail's ring: the sail lies to the right.
 struct Border {
   PlanePoint Start;
-  double Bearing = 0;
-  Points Path;
+  PlanePoint Along;  // unit vector along the straight line between both ends
+  Points Path;       // turned
 
-  Border(const Points& in, const Points& out)
-      : Start(in.back()),
-        Bearing(DirectionAngle(in.back().x, in.back().y, out.back().x, out.back().y)) {
-    Path.assign(in.rbegin(), in.rend());
-    Path.insert(Path.end(), out.begin(), out.end());
-    for (PlanePoint& point : Path) point = Turned(point);
+  Border(const Points& in, const Points& out) : Start(in.back()) {
+    const double bearing = DirectionAngle(in.back().x, in.back().y, out.back().x, out.back().y);
+    Along = {std::cos(bearing), std::sin(bearing)};
+    Path.reserve(in.size() + out.size());
+    for (auto point = in.rbegin(); point != in.rend(); ++point) Path.push_back(Turned(*point));
+    for (const PlanePoint& point : out) Path.push_back(Turned(point));
   }
 
   // Turned about the start, so that x runs along the straight line between both ends.
   PlanePoint Turned(PlanePoint point) const {
-    RotatePoint(Start.x, Start.y, point.x, point.y, -Bearing);
-    return point;
+    const PlanePoint from = point - Start;
+    return Start + PlanePoint{Dot(Along, from), Cross(Along, from)};
   }
 
-  // The inner point that stands nearest above the corner; none where the corner juts out beyond
-  // the ends.
+  // Which of the inner points, turned, stands nearest above the corner; none where the corner juts
+  // out beyond the ends.
   std::size_t Opposite(const Points& inner) const {
     const double corner = Path[kSideSteps].x;
     if (corner <= 0 || corner >= Path.back().x) return inner.size();
-    const auto distance = [&](PlanePoint point) { return std::abs(Turned(point).x - corner); };
+    const auto distance = [corner](PlanePoint point) { return std::abs(point.x - corner); };
     const auto nearest =
         std::min_element(inner.begin(), inner.end(),
                          [&](PlanePoint a, PlanePoint b) { return distance(a) < distance(b); });
     return static_cast<std::size_t>(nearest - inner.begin());
   }
 
-  // How far a point lies inside of the border, measured square to that line.
-  double Gap(PlanePoint inner) const {
-    const PlanePoint point = Turned(inner);
+  // How far a turned point lies inside of the border, measured square to that line.
+  double Gap(PlanePoint point) const {
     double gap = std::numeric_limits<double>::max();
+    bool isAhead = Path[0].x > point.x;
     for (std::size_t k = 1; k < Path.size(); ++k) {
+      const bool wasAhead = std::exchange(isAhead, Path[k].x > point.x);
+      if (wasAhead == isAhead) continue;
       const PlanePoint& a = Path[k - 1];
       const PlanePoint& b = Path[k];
-      if ((a.x > point.x) == (b.x > point.x)) continue;
       const double t = (point.x - a.x) / (b.x - a.x);
       gap = std::min(gap, Between(a, b, t).y - point.y);
     }
@@ -141,18 +144,23 @@ Points InnerEdge(const Sides& sides, const Points& height, const Points& width) 
   const double least =
       kLeastDepth * std::min(Length(height.back() - corner), Length(width.back() - corner));
   Points points;
-  for (int k = 1; k < kInnerSteps; ++k)
+  Points turned;
+  points.reserve(kInnerSteps);
+  turned.reserve(kInnerSteps);
+  for (int k = 1; k < kInnerSteps; ++k) {
     points.push_back(InnerPoint(sides, corner, InnerFraction(k)));
+    turned.push_back(border.Turned(points.back()));
+  }
 
   double swell = 0;
-  const std::size_t opposite = border.Opposite(points);
+  const std::size_t opposite = border.Opposite(turned);
   if (opposite == points.size()) return points;
   for (std::size_t n = 0; n < points.size(); ++n) {
     const double share = Swell(n);
     const double need = n == opposite ? least : least * kLeastShare * share;
-    swell = std::max(swell, (need - border.Gap(points[n])) / share);
+    swell = std::max(swell, (need - border.Gap(turned[n])) / share);
   }
-  const PlanePoint inward = {std::sin(border.Bearing), -std::cos(border.Bearing)};
+  const PlanePoint inward = {border.Along.y, -border.Along.x};
   for (std::size_t n = 0; n < points.size(); ++n) points[n] = points[n] + swell * Swell(n) * inward;
   return points;
 }
@@ -191,7 +199,9 @@ std::vector<PlanePoint> PatchOutline(const Sail& sail, PatchCorner corner, int l
   const Points width = SidePoints(sides.Width);
   const Points inner = InnerEdge(sides, height, width);
 
-  Points outline = height;
+  Points outline;
+  outline.reserve(2 * kSideSteps + kInnerSteps + 2);
+  outline = height;
   outline.insert(outline.end(), inner.begin(), inner.end());
   outline.insert(outline.end(), width.rbegin(), width.rend());
   // Where the stub lies between them, the width's edge does not begin at the corner.
