@@ -19,12 +19,14 @@ bool IsSign(char c) { return c == '+' || c == '-'; }
 /// Blank, tab, no-break space and narrow no-break space: what spreadsheets put between thousands.
 constexpr std::array<std::string_view, 4> kBlanks = {" ", "\t", "\xC2\xA0", "\xE2\x80\xAF"};
 
+bool StartsBlank(char c) { return c == ' ' || c == '\t' || c == '\xC2' || c == '\xE2'; }
+
 std::string WithoutBlanks(std::string_view text) {
   std::string packed;
   packed.reserve(text.size());
   while (!text.empty()) {
     const auto blank =
-        IsDigit(text.front())
+        !StartsBlank(text.front())
             ? kBlanks.end()
             : std::find_if(kBlanks.begin(), kBlanks.end(),
                            [&](std::string_view each) { return text.starts_with(each); });
@@ -98,7 +100,21 @@ bool IsLarge(const ScannedNumber& number) {
   return exponent > static_cast<long long>(number.Fraction.find_first_not_of('0'));
 }
 
-LeadingNumber Convert(const ScannedNumber& number) {
+/// The value of so few digits that they, and the power of ten that they are parts of, are exact:
+/// one division rounds them. Nothing for any other number.
+std::optional<double> ValueOfFewDigits(const ScannedNumber& number) {
+  constexpr std::size_t kMostDigits = 15;
+  constexpr std::array<double, kMostDigits + 1> kPowers = {
+      1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (!number.Exponent.empty()) return std::nullopt;
+  if (number.WholeDigits.size() + number.Fraction.size() > kMostDigits) return std::nullopt;
+  std::int64_t digits = 0;
+  for (const char c : number.WholeDigits) digits = 10 * digits + (c - '0');
+  for (const char c : number.Fraction) digits = 10 * digits + (c - '0');
+  return static_cast<double>(digits) / kPowers[number.Fraction.size()];
+}
+
+LeadingNumber ConvertAny(const ScannedNumber& number) {
   std::string text(number.WholeDigits);
   text.append(".").append(number.Fraction);
   if (!number.Exponent.empty()) text.append("E").append(number.Exponent);
@@ -108,6 +124,12 @@ LeadingNumber Convert(const ScannedNumber& number) {
     result.Overflow = IsLarge(number);
     result.Value = result.Overflow ? std::numeric_limits<double>::max() : 0.0;
   }
+  return result;
+}
+
+LeadingNumber Convert(const ScannedNumber& number) {
+  const std::optional<double> few = ValueOfFewDigits(number);
+  LeadingNumber result = few ? LeadingNumber{*few, false} : ConvertAny(number);
   if (number.Negative && result.Value != 0) result.Value = -result.Value;
   return result;
 }
@@ -127,7 +149,10 @@ std::string NormaliseDecimalText(std::string& text) {
 }
 
 LeadingNumber ReadLeadingNumber(std::string_view text) {
-  const std::string packed = WithoutBlanks(text);
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  const bool isPacked = std::none_of(text.begin(), text.end(), StartsBlank);
+  const std::string copy = isPacked ? std::string() : WithoutBlanks(text);
+  const std::string_view packed = isPacked ? text : std::string_view(copy);
   const ScannedNumber number = ScanNumber(packed);
   return number.Length == 0 ? LeadingNumber{} : Convert(number);
 }

@@ -70,6 +70,27 @@ class LineWriter {
 
 // --- Reading -----------------------------------------------------------------------------------
 
+/// Number of bytes at the front that a line keeps as they are.
+std::size_t PlainLength(std::string_view text) {
+  std::size_t length = 0;
+  while (length < text.size() && !IsControl(text[length]) && text[length] != ',') ++length;
+  return length;
+}
+
+/// What a line holds: without control characters, "," replaced by ".", cut off when it is too long.
+std::string LineText(std::string_view line) {
+  std::string text;
+  std::size_t characters = 0;
+  for (const char c : line) {
+    if (IsControl(c)) continue;
+    // Every byte of a character counts with its first one.
+    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++characters;
+    if (characters > kLongestLine) break;
+    text += c == ',' ? '.' : c;
+  }
+  return text;
+}
+
 /// Takes the lines of a file one after the other and converts them.
 class LineReader {
  public:
@@ -272,16 +293,12 @@ void ReadMouldFromFile(const std::string& path, SailDefinition& sail) {
 
 FileLine ReadFileLine(std::string_view& rest) {
   FileLine line;
-  const std::size_t end = std::min(rest.find('\n'), rest.size());
+  // Nearly every line is taken as it is.
+  const std::size_t plain = PlainLength(rest);
+  const bool isWhole = rest.substr(plain).starts_with(kLineEnd) && plain <= kLongestLine;
+  const std::size_t end = isWhole ? plain + 1 : std::min(rest.find('\n'), rest.size());
   line.EndOfFile = end == rest.size();
-  std::size_t characters = 0;
-  for (const char c : rest.substr(0, end)) {
-    if (IsControl(c)) continue;
-    // Every byte of a character counts with its first one.
-    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++characters;
-    if (characters > kLongestLine) break;
-    line.Text += c == ',' ? '.' : c;
-  }
+  line.Text = isWhole ? std::string(rest.substr(0, plain)) : LineText(rest.substr(0, end));
   rest.remove_prefix(line.EndOfFile ? end : end + 1);
   return line;
 }

@@ -340,7 +340,8 @@ std::string ReadWholeFile(const std::string& path) {
   RefuseFolder(status);
   if (!S_ISREG(status.st_mode)) FailNotRegular();
   if (status.st_size > static_cast<off_t>(kLargestFile)) FailTooLarge();
-  const std::string bytes = ReadBytes(file, static_cast<std::size_t>(status.st_size));
+  std::string bytes = ReadBytes(file, static_cast<std::size_t>(status.st_size));
+  if (IsPlainText(bytes)) return bytes;
   const bool isMarked = bytes.starts_with(kByteOrderMark);
   std::string_view text = bytes;
   if (isMarked) text.remove_prefix(kByteOrderMark.size());

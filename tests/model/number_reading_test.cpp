@@ -3,14 +3,30 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <charconv>
 #include <clocale>
 #include <cmath>
+#include <random>
 #include <string>
 
 namespace brivane {
 namespace {
 
 double ValOfTyped(std::string text) { return Val(NormaliseDecimalText(text)); }
+
+TEST(Val, RoundsAsTheLibraryDoesWhereverThePointStands) {
+  std::mt19937 random(7);
+  for (int digits = 1; digits <= 20; ++digits)
+    for (int round = 0; round < 200; ++round) {
+      std::string text;
+      for (int each = 0; each < digits; ++each) text += static_cast<char>('0' + random() % 10);
+      text.insert(random() % (text.size() + 1), 1, '.');
+      double expected = 0;
+      std::from_chars(text.data(), text.data() + text.size(), expected);
+      EXPECT_EQ(Val(text), expected) << text;
+      EXPECT_EQ(Val(" -" + text + " mm"), -expected) << text;
+    }
+}
 
 TEST(NormaliseDecimalText, ReplacesMarksInPlaceAndAddsABlank) {
   std::string text = "1,2;3.4 x,";

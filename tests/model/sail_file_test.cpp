@@ -288,6 +288,12 @@ TEST(ReadFileLine, CutsALineOffAt4096Characters) {
   text = std::string(4096, 'x') + "\n";
   rest = text;
   EXPECT_EQ(ReadFileLine(rest).Text.size(), 4096U);
+  for (const std::size_t length : {4096U, 4097U}) {
+    text = std::string(length, 'x') + "\r\nnext";
+    rest = text;
+    EXPECT_EQ(ReadFileLine(rest).Text, std::string(4096, 'x'));
+    EXPECT_EQ(ReadFileLine(rest).Text, "next");
+  }
 }
 
 TEST(SailFileKind, GoesByTheLastThreeCharacters) {
