@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -11,17 +12,26 @@
 namespace brivane {
 
 /// Doubles indexed (row, column), rows 0 to LastRow, columns FirstColumn to LastColumn, all zero
-/// at first. An index outside the bounds throws std::out_of_range.
+/// at first. An index outside the bounds throws std::out_of_range. Erasing takes no longer than
+/// filling has taken: rows that have not been reached for writing are zero as they are. References
+/// and pointers to cells are not to be written through after it.
 template <int LastRow, int FirstColumn, int LastColumn>
 class Table {
  public:
-  double& operator()(int row, int column) { return cells_[Index(row, column)]; }
+  double& operator()(int row, int column) {
+    const std::size_t index = Index(row, column);
+    Reach(row);
+    return cells_[index];
+  }
   double operator()(int row, int column) const { return cells_[Index(row, column)]; }
   /// Column 0 of a row, on which its other columns follow. The row is checked, columns are not.
-  double* Points(int row) { return &cells_[Index(row, 0)]; }
+  double* Points(int row) { return &(*this)(row, 0); }
   const double* Points(int row) const { return &cells_[Index(row, 0)]; }
-  void Erase() { cells_.assign(kCells, 0.0); }
-  bool operator==(const Table&) const = default;
+  void Erase() {
+    std::fill_n(cells_.begin(), rowsReached_ * kColumns, 0.0);
+    rowsReached_ = 0;
+  }
+  bool operator==(const Table& other) const { return cells_ == other.cells_; }
 
  private:
   static constexpr int kColumns = LastColumn - FirstColumn + 1;
@@ -33,7 +43,10 @@ class Table {
     return static_cast<std::size_t>(row * kColumns + column - FirstColumn);
   }
 
+  void Reach(int row) { rowsReached_ = std::max(rowsReached_, row + 1); }
+
   std::vector<double> cells_ = std::vector<double>(kCells, 0.0);
+  int rowsReached_ = 0;
 };
 
 using SurfaceTable = Table<91, -1, 43>;  ///< [seam line, point]

@@ -33,6 +33,35 @@ TEST(Table, ThePointsOfARowStartAtColumnNought) {
   EXPECT_THROW(std::as_const(table).Points(-1), std::out_of_range);
 }
 
+TEST(Table, ErasesEveryRowHoweverItWasReached) {
+  for (const int row : {0, 1, 69, 70, 91}) {
+    SurfaceTable table;
+    table(row, -1) = 1;
+    table(row, 43) = 2;
+    table.Erase();
+    EXPECT_EQ(table, SurfaceTable{}) << row;
+    table.Points(row)[40] = 3;
+    table(0, 0) = 4;  // a lower row afterwards
+    table.Erase();
+    EXPECT_EQ(table, SurfaceTable{}) << row;
+    table(row, 5) = 6;
+    const SurfaceTable copy = table;
+    SurfaceTable other;
+    other = copy;
+    other.Erase();
+    EXPECT_EQ(other, SurfaceTable{}) << row;
+    EXPECT_EQ(table, copy) << row;
+  }
+}
+
+TEST(Table, IsEqualByItsCellsAlone) {
+  PanelTable table;
+  table(90, 42) = 1;
+  EXPECT_NE(table, PanelTable{});
+  table(90, 42) = 0;
+  EXPECT_EQ(table, PanelTable{});
+}
+
 TEST(Table, RefusesAnIndexBeyondItsBounds) {
   SurfaceTable surface;
   EXPECT_THROW(surface(-1, 0), std::out_of_range);
