@@ -12,6 +12,7 @@
 #include <QTreeView>
 
 #include "ui/current_sail.h"
+#include "ui/file_columns.h"
 #include "ui/qt_text.h"
 #include "ui/screen_room.h"
 #include "ui/texts.h"
@@ -39,6 +40,7 @@ class FileDialog : public QFileDialog {
     setOption(QFileDialog::DontConfirmOverwrite);
     setOption(QFileDialog::HideNameFilterDetails);
     setDirectory(CurrentFolder());
+    setProxyModel(new FileColumns(this));
     setLabelText(QFileDialog::Reject, CurrentText(texts::kCancelButton));
     MakeRoomForWords();
   }

@@ -150,6 +150,14 @@ inline constexpr BilingualText kSaveDialog{"Save as", "Enregistrer sous"};
 inline constexpr BilingualText kOpenButton{"&Open", "&Ouvrir"};
 inline constexpr BilingualText kSaveButton{"&Save", "&Enregistrer"};
 inline constexpr BilingualText kCancelButton{"&Cancel", "&Annuler"};
+inline constexpr BilingualText kByte{"byte", "octet"};
+inline constexpr BilingualText kBytes{"bytes", "octets"};
+inline constexpr std::array<BilingualText, 3> kLargeSizes = {
+    {{"kB", "ko"}, {"MB", "Mo"}, {"GB", "Go"}}};
+inline constexpr BilingualText kFile{"File", "Fichier"};
+inline constexpr BilingualText kFileKind{"%1 file", "Fichier %1"};  ///< by its extension
+inline constexpr BilingualText kFileDate{"yyyy-MM-dd HH:mm", "dd/MM/yyyy HH:mm"};
+inline constexpr BilingualText kFolder{"Folder", "Dossier"};
 inline constexpr BilingualText kReplaceOne{"This file exists already. Do you want to replace it?",
                                            "Ce fichier existe déjà. Voulez-vous le remplacer ?"};
 inline constexpr BilingualText kReplaceSeveral{
