@@ -1,9 +1,9 @@
 #include "ui/painter.h"
 
 #include <QFontMetricsF>
-#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "ui/qt_text.h"
 #include "view/navigation.h"
@@ -21,13 +21,25 @@ QPen PenOf(const Stroke& stroke, double width) {
   return pen;
 }
 
-void PaintStroke(QPainter& painter, const Stroke& stroke, const QTransform& toDevice,
-                 double penWidth) {
-  QPolygonF line(static_cast<qsizetype>(stroke.Points.size()));
-  std::transform(stroke.Points.begin(), stroke.Points.end(), line.begin(),
-                 [](const PlanePoint& point) { return QPointF(point.x, point.y); });
-  painter.setPen(PenOf(stroke, penWidth));
-  painter.drawPolyline(toDevice.map(line));  // the whole line at once, a third of one by one
+/// Paints the polylines, each sent whole through the transform, which turns nothing.
+void PaintStrokes(QPainter& painter, const std::vector<Stroke>& strokes, const QTransform& toDevice,
+                  double penWidth) {
+  const double scaleX = toDevice.m11();
+  const double scaleY = toDevice.m22();
+  const QPointF origin(toDevice.dx(), toDevice.dy());
+  std::vector<QPointF> line;
+  const Stroke* before = nullptr;
+  for (const Stroke& stroke : strokes) {
+    if (before == nullptr || !(stroke.Ink == before->Ink) || stroke.Pen != before->Pen)
+      painter.setPen(PenOf(stroke, penWidth));
+    before = &stroke;
+    line.resize(stroke.Points.size());
+    std::transform(stroke.Points.begin(), stroke.Points.end(), line.begin(),
+                   [&](const PlanePoint& point) {
+                     return QPointF(point.x * scaleX + origin.x(), point.y * scaleY + origin.y());
+                   });
+    painter.drawPolyline(line.data(), static_cast<int>(line.size()));
+  }
 }
 
 /// The font of a text: a size in surface units, or the painter's own.
@@ -37,23 +49,26 @@ QFont FontOf(const QFont& own, const DrawnText& text, const QTransform& toDevice
   return font;
 }
 
-/// Paints a text and returns the width that it takes on the device.
-double PaintText(QPainter& painter, const DrawnText& text, QPointF corner) {
+/// Paints a text; gives the width that it takes on the device, where that is asked for.
+double PaintText(QPainter& painter, const DrawnText& text, QPointF corner, bool isMeasured) {
   const QFontMetricsF metrics(painter.font(), painter.device());
   const QString words = ToQt(text.Text);
   painter.setPen(InkOf(text.Ink));
   painter.drawText(corner + QPointF(0, metrics.ascent()), words);
-  return metrics.horizontalAdvance(words);
+  return isMeasured ? metrics.horizontalAdvance(words) : 0;
 }
 
-void PaintTexts(QPainter& painter, const Drawing& drawing, const QTransform& toDevice) {
+void PaintTexts(QPainter& painter, const std::vector<DrawnText>& texts,
+                const QTransform& toDevice) {
   const QFont own = painter.font();
   double before = 0;  // width of the texts that this one follows
-  for (const DrawnText& text : drawing.Texts) {
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const DrawnText& text = texts[i];
     painter.setFont(FontOf(own, text, toDevice));
     const QPointF corner = toDevice.map(QPointF(text.At.x, text.At.y));
     if (!text.Follows) before = 0;
-    before += PaintText(painter, text, corner + QPointF(before, 0));
+    const bool isFollowed = i + 1 < texts.size() && texts[i + 1].Follows;
+    before += PaintText(painter, text, corner + QPointF(before, 0), isFollowed);
   }
   painter.setFont(own);
 }
@@ -74,8 +89,8 @@ QTransform SurfaceToPixels(const QSizeF& pixels) {
 
 void PaintDrawing(QPainter& painter, const Drawing& drawing, const QTransform& toDevice,
                   double penWidth) {
-  for (const Stroke& stroke : drawing.Strokes) PaintStroke(painter, stroke, toDevice, penWidth);
-  PaintTexts(painter, drawing, toDevice);
+  PaintStrokes(painter, drawing.Strokes, toDevice, penWidth);
+  PaintTexts(painter, drawing.Texts, toDevice);
 }
 
 }  // namespace brivane

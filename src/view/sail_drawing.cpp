@@ -87,14 +87,14 @@ void AppendSeamLine(const SurfaceGrid& grid, const SurfaceMapping& mapping, int 
                     Drawing& drawing) {
   Stroke stroke;
   stroke.Ink = kBlue;
-  stroke.Points.reserve(kLastPoint + 1);
+  stroke.Points.resize(kLastPoint + 1);
+  const double* const x = grid.SurfaceX.Points(i);
+  const double* const y = grid.SurfaceY.Points(i);
+  const double* const z = grid.SurfaceZ.Points(i);
   bool computed = false;
-  for (int j = 0; j <= kLastPoint; ++j) {
-    const double x = grid.SurfaceX(i, j);
-    const double y = grid.SurfaceY(i, j);
-    const double z = grid.SurfaceZ(i, j);
-    computed = computed || x != 0 || y != 0 || z != 0;
-    stroke.Points.push_back(mapping.Map(x, y, z));
+  for (std::size_t j = 0; j <= kLastPoint; ++j) {
+    computed = computed || x[j] != 0 || y[j] != 0 || z[j] != 0;
+    stroke.Points[j] = mapping.Map(x[j], y[j], z[j]);
   }
   if (computed) AddStroke(drawing, std::move(stroke));
 }
