@@ -105,11 +105,13 @@ class LowerSeam {
       highest_ = std::max(highest_, panel.Lower[Index(point)].y);
   }
 
-  /// Lifts the point onto the seam where it lies below.
+  /// Lifts the point onto the seam where it lies below. Beyond the seam's ends there is none: the
+  /// panel ends at its edges.
   void Lift(PlanePoint& at) {
     const PlanePoint* lower = panel_.Lower.data();
     // Nearly always: there is no need to search for the edge below.
-    if (at.y >= highest_ && at.x >= lower[kForwardCorner].x && at.x <= lower[kAftCorner].x) return;
+    if (at.y >= highest_) return;
+    if (at.x < lower[kForwardCorner].x || at.x > lower[kAftCorner].x) return;
     while (point_ + 1 < kAftCorner && lower[point_ + 1].x < at.x) ++point_;
     const PlanePoint a = lower[point_];
     const PlanePoint b = lower[point_ + 1];

@@ -207,6 +207,20 @@ TEST(DrawGuideLine, HoldsToTheLastPieceOfTheLowerSeam) {
   EXPECT_NEAR(panel.Edge[30].y, 80, 1e-9);
 }
 
+TEST(DrawGuideLine, IsNotLiftedBeyondTheEndsOfALowerSeamThatDropsSteeply) {
+  // The seam drops by 60 mm within the first 5 mm and rises so again: carried on over its ends it
+  // would be far above the panel, whose edges lean out by 100 mm.
+  FlatPanel panel = Trapeze(-100, 1100, 300);
+  for (std::size_t point = 6; point <= 34; ++point) panel.Lower[point].y = -60;
+  panel.Lower[6].x = 5;
+  panel.Lower[34].x = 995;
+  DrawGuideLine(panel, 20, false);
+  for (std::size_t point = 6; point <= 34; ++point)
+    EXPECT_NEAR(panel.Edge[point].y, 280, 1e-9) << point;
+  EXPECT_LT(panel.Edge[8].x, 0);
+  EXPECT_GT(panel.Edge[32].x, 1000);
+}
+
 TEST(DrawGuideLine, TakesAStepOfTheLowerSeamAsItsLowerEnd) {
   // The seam falls by 5 mm where it starts; the line starts forward of it on a leaning edge.
   FlatPanel panel = Trapeze(-100, 1000, 100);
