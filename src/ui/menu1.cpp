@@ -136,15 +136,7 @@ void Menu1::SetCaptions() {
 
 void Menu1::Activated() { Current().View.Mode = RedrawMode::FitOutline; }
 
-/// A letter presses its option a tenth of a second before it chooses it. A window that is asked for
-/// in between is to speak the language already.
-void Menu1::FinishChoosing() {
-  for (QRadioButton* option : Langue1)
-    if (option->isDown()) option->setChecked(true);
-}
-
 void Menu1::CreateSail() {
-  FinishChoosing();
   Current().TheSail.Definition.SailName = "NEWSAIL";
   windows_.BringToFront(windows_.Picture());
   windows_.Dimensions().Begin();
@@ -160,10 +152,8 @@ void Menu1::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (enter && !Terminate->hasFocus()) return Create->click();
   if (enter) return Terminate->click();
-  if (event->key() == Qt::Key_Escape && windows_.Picture().isVisible()) {
-    FinishChoosing();
+  if (event->key() == Qt::Key_Escape && windows_.Picture().isVisible())
     return windows_.BringToFront(windows_.Picture());
-  }
   QWidget::keyPressEvent(event);
 }
 

@@ -32,7 +32,6 @@ class Menu1 : public QWidget, public ProgramWindow {
   QLayout* LanguageRow();
   void Load();
   void ChooseLanguage(int index);
-  void FinishChoosing();
   void CreateSail();
   void Quit();
 

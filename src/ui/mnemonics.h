@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 #include <set>
 
 namespace brivane {
@@ -15,5 +16,10 @@ class Mnemonics {
  private:
   std::set<QChar> taken_;
 };
+
+/// Lets the buttons and options of a window answer their letters at once. As the toolkit does it, a
+/// letter only presses them, and they act a tenth of a second later, whatever the user has done and
+/// chosen meanwhile.
+void AnswerLettersAtOnce(const QWidget& window);
 
 }  // namespace brivane

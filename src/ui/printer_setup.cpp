@@ -10,6 +10,7 @@
 #include "ui/accessible.h"
 #include "ui/current_sail.h"
 #include "ui/file_dialogs.h"
+#include "ui/mnemonics.h"
 #include "ui/qt_text.h"
 #include "ui/texts.h"
 
@@ -49,6 +50,7 @@ PrinterSetup::PrinterSetup(QWidget* parent, const PrinterSettings& settings) : Q
   BuildDestination(grid, settings);
   BuildPaper(grid, settings);
   BuildButtons(grid);
+  AnswerLettersAtOnce(*this);
   FollowDestination();
   AskForPrinters(this, [this](const Printers& printers) { TakePrinters(printers); });
 }

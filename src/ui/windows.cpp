@@ -9,6 +9,7 @@
 #include "ui/current_sail.h"
 #include "ui/dessin1.h"
 #include "ui/menu1.h"
+#include "ui/mnemonics.h"
 #include "ui/patch1.h"
 #include "ui/sail_form.h"
 #include "ui/screen_room.h"
@@ -29,6 +30,7 @@ Window& Windows::Made(std::unique_ptr<Window>& window) {
     window = std::make_unique<Window>(*this);
     watched_[window.get()] = window.get();
     window->installEventFilter(this);
+    AnswerLettersAtOnce(*window);
   }
   return *window;
 }

@@ -17,6 +17,7 @@ class PatchWindowTest : public QObject {
   void SizesAreHeldAndDrawnAsAFieldIsLeft();
   void DroppedSizeIsReadBack();
   void PlotterFileOfTheCurrentFolder();
+  void ButtonsAnswerTheirLettersAtOnce();
   void DxfFilesInFrench();
   void TriangularSailHasNoPeak();
   void FailureIsTold();
@@ -135,6 +136,21 @@ void PatchWindowTest::PlotterFileOfTheCurrentFolder() {
   QCOMPARE(desk.Seen.size(), std::size_t{2});
   QCOMPARE(desk.Seen[0].Title, "Brivane 2000 patches for Tovarek plotter");
   QCOMPARE(desk.Seen[0].Text, "Patches saved in file: Patches.BP4");
+}
+
+// Any later, the window may have been closed and the language changed.
+void PatchWindowTest::ButtonsAnswerTheirLettersAtOnce() {
+  QTemporaryDir folder;
+  Desk desk;
+  desk.DesignDefaultSail();
+  GoToFolder(desk, folder.path());
+  desk.Picture().m_Patch->trigger();
+  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  QTest::keySequence(&desk.Patches(), QKeySequence::mnemonic(desk.Patches().Validate1[0]->text()));
+  QCOMPARE(desk.Seen.size(), std::size_t{1});
+  QTest::keySequence(&desk.Patches(), QKeySequence::mnemonic(desk.Patches().Cancel->text()));
+  QVERIFY(!desk.Patches().isVisible());
+  QCOMPARE(desk.Seen.size(), std::size_t{1});
 }
 
 void PatchWindowTest::DxfFilesInFrench() {

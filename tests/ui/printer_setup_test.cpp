@@ -20,6 +20,7 @@ class PrinterSetupTest : public QObject {
   void cleanup();
   void ChoiceHoldsAndCancelKeepsIt();
   void DialogFollowsTheLanguage();
+  void AnOrientationChosenByItsLetterIsChosenAtOnce();
   void ExtensionIsAddedAndReplacingIsAsked();
   void SecondReportAsksBeforeItReplacesTheFirst();
   void BrowsingChoosesTheFile();
@@ -124,6 +125,18 @@ void PrinterSetupTest::ChoiceHoldsAndCancelKeepsIt() {
   });
   desk.Picture().fprint_setup->trigger();
   QCOMPARE(CurrentPrinter().Paper, QPageSize::A3);
+}
+
+void PrinterSetupTest::AnOrientationChosenByItsLetterIsChosenAtOnce() {
+  Desk desk;
+  WhenDialogIsUp("PrinterSetup", [](QWidget* dialog) {
+    PrinterSetup* setup = SetupIn(dialog);
+    setup->Destination->setCurrentIndex(setup->Destination->count() - 1);
+    QTest::keyClick(dialog, Qt::Key_L, Qt::AltModifier);
+    Press(setup->Ok);
+  });
+  desk.Picture().fprint_setup->trigger();
+  QCOMPARE(CurrentPrinter().Orientation, QPageLayout::Landscape);
 }
 
 void PrinterSetupTest::DialogFollowsTheLanguage() {

@@ -16,6 +16,7 @@ class StartWindowTest : public QObject {
   void FrenchReachesTheOtherWindows();
   void MnemonicsWorkInBothLanguages();
   void ALanguageChosenByItsLetterShowsInTheWindowThatFollowsAtOnce();
+  void ALanguageChosenByItsLetterIsChosenBeforeAnyClick();
   void QuitEndsTheProgram();
   void ActivationAsksForAFittedDrawing();
   void EscapeGoesBackToTheDrawing();
@@ -102,6 +103,24 @@ void StartWindowTest::ALanguageChosenByItsLetterShowsInTheWindowThatFollowsAtOnc
   QVERIFY(QTest::qWaitForWindowActive(&desk.Dimensions()));
   QCOMPARE(Current().Language, Language::French);
   QCOMPARE(desk.Dimensions().windowTitle(), "Brivane 2000 - Géométrie de la voile");
+}
+
+// Chosen any later, it would change under a window that has its captions already, or undo what the
+// user chose next.
+void StartWindowTest::ALanguageChosenByItsLetterIsChosenBeforeAnyClick() {
+  constexpr int kLongerThanAPress = 200;  // ms
+  Desk desk;
+  QTest::keyClick(&desk.Start(), Qt::Key_F, Qt::AltModifier);
+  QCOMPARE(Current().Language, Language::French);
+  QVERIFY(desk.Start().Langue1[0]->hasFocus());
+  Press(desk.Start().Create);
+  QVERIFY(QTest::qWaitForWindowActive(&desk.Dimensions()));
+  QCOMPARE(desk.Dimensions().windowTitle(), "Brivane 2000 - Géométrie de la voile");
+  desk.GoTo(desk.Start());
+  QTest::keyClick(&desk.Start(), Qt::Key_F, Qt::AltModifier);
+  desk.Start().Langue1[1]->click();
+  QTest::qWait(kLongerThanAPress);
+  QCOMPARE(Current().Language, Language::English);
 }
 
 void StartWindowTest::QuitEndsTheProgram() {

@@ -15,6 +15,7 @@ class ValidationTest : public QObject {
   void WholePass_data();
   void WholePass();
   void EnterValidates();
+  void ACutChosenByItsLetterIsLaidOutAtOnce();
   void EscapeLeaves();
   void LeavingForAnotherWindowRunsThePass();
   void ComingBackAndLeavingRunsItAgain();
@@ -91,6 +92,22 @@ void ValidationTest::EnterValidates() {
   QTest::qWait(50);
   QCOMPARE(Definition().LuffLength, 5000.0);
   QCOMPARE(desk.Dimensions().PassCount(), 1);
+}
+
+void ValidationTest::ACutChosenByItsLetterIsLaidOutAtOnce() {
+  constexpr int kLongerThanAPress = 200;  // ms
+  Desk desk;
+  desk.CreateSail();
+  const QKeySequence letter = QKeySequence::mnemonic(desk.Dimensions().OptCut1[2]->text());
+  QTest::keySequence(&desk.Dimensions(), letter);
+  QVERIFY(desk.Dimensions().OptCut1[2]->hasFocus());
+  QTest::keyClick(&desk.Dimensions(), Qt::Key_Return);
+  QVERIFY(QTest::qWaitForWindowActive(&desk.Picture()));
+  QCOMPARE(Definition().CutType, std::string(kVerticalCut));
+  const Sail laidOut = Current().TheSail;
+  QTest::qWait(kLongerThanAPress);
+  QCOMPARE(desk.Dimensions().PassCount(), 1);
+  QVERIFY(Definition() == laidOut.Definition);
 }
 
 void ValidationTest::EscapeLeaves() {
