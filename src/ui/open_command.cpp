@@ -36,11 +36,15 @@ void Read(SailFileKind kind, const std::string& path) {
   ReadSailDataFile(path, sail, Current().DecimalMark);
 }
 
-/// What a reader that failed halfway has changed is shown as it is, without panels.
-void ShowHalfRead(Windows& windows, QWidget* parent, const SailDefinition& before) {
+/// Whether a reader that failed has changed more than the name.
+bool IsHalfRead(const SailDefinition& before) {
   SailDefinition named = before;
   named.SailName = Current().TheSail.Definition.SailName;
-  if (Current().TheSail.Definition == named) return;
+  return Current().TheSail.Definition != named;
+}
+
+/// What a reader that failed halfway has changed is shown as it is, without panels.
+void ShowHalfRead(Windows& windows, QWidget* parent) {
   RunGuarded(parent, TitleWith(texts::kOpenTitle), [] { RecomputeOutline(Current().TheSail); });
   windows.Dimensions().Begin();
   windows.Picture().FitAndShow();
@@ -53,9 +57,14 @@ void OpenFile(Windows& windows, QWidget* parent, const std::string& path) {
   const SailFileKind kind = SailFileKindOf(title);
   if (kind == SailFileKind::Unknown) throw std::runtime_error(std::string(texts::kInvalidFileType));
   const SailDefinition before = sail;
-  const auto read = [&] { Read(kind, path); };
-  if (!RunGuarded(parent, TitleWith(ReaderTitle(kind)), read))
-    return ShowHalfRead(windows, parent, before);
+  if (const std::optional<QString> failure = WordsOfFailure([&] { Read(kind, path); })) {
+    const bool halfRead = IsHalfRead(before);
+    // The file's count of panels is that of a layout that there is not.
+    if (halfRead) sail.PanelCount = 0;
+    ShowMessage(parent, TitleWith(ReaderTitle(kind)), *failure);
+    if (halfRead) ShowHalfRead(windows, parent);
+    return;
+  }
   windows.Dimensions().Begin();
   RunDesignPass(windows, parent, TitleWith(texts::kOpenTitle));
   windows.Picture().FitAndShow();

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "model/sail_file.h"
 #include "ui/desk.h"
 #include "ui/save_command.h"
 
@@ -38,6 +39,7 @@ class FilesTest : public QObject {
   void CancelledOpenIsTold();
   void UnreadableFileIsTold();
   void OverflowIsToldUnderTheReadersTitle();
+  void HalfReadSailHasNoPanelsWhileItsMessageIsUp();
   void OpenedVerticalCutIsShownInTheDimensions();
   void FolderOfTheLastDialogIsKept();
 
@@ -400,6 +402,27 @@ void FilesTest::OverflowIsToldUnderTheReadersTitle() {
   QCOMPARE(Definition().LuffLength, 5000.0);
   QCOMPARE(int{Definition().PanelCount}, 0);
   QVERIFY(desk.Picture().Content().Outline);
+}
+
+void FilesTest::HalfReadSailHasNoPanelsWhileItsMessageIsUp() {
+  Desk desk;
+  desk.DesignDefaultSail();
+  const int panels = Definition().PanelCount;
+  QVERIFY(panels > 0);
+  QByteArrayList lines = QByteArray::fromStdString(SailDataText(Definition())).split('\n');
+  lines[5] = " 119\r";     // PanelCount
+  lines[38] = " 99999\r";  // ClothWidth
+  Write("half.bv3", lines.join('\n'));
+  std::vector<int> counts;
+  desk.WhileMessageIsUp = [&counts] { counts.push_back(Definition().PanelCount); };
+  Open(desk, "half.bv3");
+  QCOMPARE(counts, std::vector<int>{0});
+  // Where nothing was read the layout stays.
+  desk.DesignDefaultSail();
+  counts.clear();
+  Write("huge.bv3", QByteArray(2 << 20, ' '));
+  Open(desk, "huge.bv3");
+  QCOMPARE(counts, std::vector<int>{panels});
 }
 
 void FilesTest::OpenedVerticalCutIsShownInTheDimensions() {
