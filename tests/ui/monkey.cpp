@@ -8,9 +8,12 @@
 #include <ctime>
 
 #include "model/region.h"
+#include "model/sail_file.h"
 #include "ui/current_sail.h"
 #include "ui/file_dialogs.h"
+#include "ui/monkey_clock.h"
 #include "ui/printing.h"
+#include "ui/qt_text.h"
 
 // The run of a monkey: starts, ends, rules. What it does stands in monkey_acts.cpp and
 // monkey_events.cpp.
@@ -72,6 +75,16 @@ void Monkey::Note(const QString& words) {
   const char* const language = Current().Language == Language::English ? "en" : "fr";
   last_ << QString("%1 %2 [%3] %4").arg(account_.Events).arg(language, front, words);
   if (last_.size() > kKeptEvents) last_.removeFirst();
+  AddToTrace(last_.back());
+}
+
+void Monkey::AddToTrace(const QString& words) {
+  // The folder has another name in each run.
+  const QString lasting = QString(words).replace(scratch_.Documents(), "~");
+  for (const QChar character : lasting)
+    account_.Trace = (account_.Trace ^ character.unicode()) * 0x100000001B3ULL;
+  static const bool printed = qEnvironmentVariableIsSet("BRIVANE_TRACE");
+  if (printed) std::printf("%s\n", qPrintable(lasting));
 }
 
 // --- Starting and ending the program -------------------------------------------------------------
@@ -85,12 +98,13 @@ void Monkey::Start() {
   CurrentPrinter() = PrinterSettings{};
   quitAsked_ = quitWatched_ = false;
   intentions_.clear();
+  stack_.clear();
   windows_ = std::make_unique<Windows>();
   windows_->Start().show();
   QWidget* const language = windows_->Start().Langue1[static_cast<std::size_t>(plan_.Home)];
   Intend(language, [this, language] { Click(language); });
   actedAt_ = ProcessorMs();
-  rounds_ = 0;
+  rounds_ = pause_ = 0;
   timer_ = startTimer(0);
 }
 
@@ -115,51 +129,70 @@ void Monkey::End() {
 // --- From one event to the next ------------------------------------------------------------------
 
 void Monkey::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != timer_) return;
-  if (++rounds_ < kRounds) return;
-  rounds_ = 0;
+  if (event->timerId() != timer_ || !IsQuiet()) return;
   // A timer whose event is being handled does not fire in the event loop of a dialog.
   killTimer(timer_);
   timer_ = startTimer(0);
-  if (KeepOneInFront()) return;
+  if (KeepOneInFront() || LetTimePass()) return;
   Measure();
-  if (IsStillSettling()) return;
   TryRules();
   if (IsDone()) return QCoreApplication::exit(0);
   ++account_.Events;
   ++account_.ByLanguage[static_cast<std::size_t>(Current().Language)];
   dice_.Seed(plan_.Seed * 1000003 + static_cast<std::uint64_t>(account_.Events));
+  pause_ = AnyPause();
   Act();
   if (!account_.Fault.isEmpty()) QCoreApplication::exit(0);
 }
 
-/// What a desktop does: some window of the program has the keyboard.
+/// Whether the event loop has come round often enough since anything was under way.
+bool Monkey::IsQuiet() {
+  if (WaitForOtherThreads()) rounds_ = 0;
+  if (++rounds_ < kRounds) return false;
+  rounds_ = 0;
+  return true;
+}
+
+/// A hurried monkey lets no timer come to its end; every few dozen events it changes its pace.
+int Monkey::AnyPause() {
+  constexpr int kEventsOfOnePace = 40;
+  Dice pace;
+  pace.Seed(plan_.Seed * 1000003 + static_cast<std::uint64_t>(account_.Events / kEventsOfOnePace));
+  if (pace.Chance(40)) return dice_.Chance(50) ? 0 : dice_.Between(1, 4);
+  const int kind = dice_.Below(10);
+  if (kind < 5) return 0;
+  return kind < 8 ? dice_.Between(1, 120) : dice_.Between(200, 1200);
+}
+
+bool Monkey::LetTimePass() {
+  constexpr int kStepMs = 40;
+  if (pause_ == 0) return false;
+  const int step = std::min(pause_, kStepMs);
+  MonkeyClock::Advance(step);
+  pause_ -= step;
+  return true;
+}
+
+/// What a desktop does: some window of the program has the keyboard. Most of them choose the one
+/// that had it last, some the one under the pointer.
 bool Monkey::KeepOneInFront() {
   if (QApplication::activeWindow() != nullptr || QApplication::activePopupWidget() != nullptr)
     return attempts_ = 0, false;
   constexpr int kMostAttempts = 10;
   if (++attempts_ > kMostAttempts) return Fail("no window comes to the front"), false;
-  const QWidget* const modal = QApplication::activeModalWidget();
-  QWidget* wanted = const_cast<QWidget*>(modal);
-  if (wanted == nullptr && before_ != nullptr && before_->isVisible()) wanted = before_;
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (wanted == nullptr && window->isVisible() && dynamic_cast<ProgramWindow*>(window) != nullptr)
-      wanted = window;
-  if (wanted == nullptr) return false;
+  QWidget* wanted = QApplication::activeModalWidget();
+  std::vector<QWidget*> visible = SeenWindows().All();
+  std::erase_if(visible, [](const QWidget* window) { return !window->isVisible(); });
+  if (wanted == nullptr && visible.empty()) return false;
+  if (wanted == nullptr && dice_.Chance(60))
+    for (const QPointer<QWidget>& window : stack_)
+      if (wanted == nullptr && window != nullptr && window->isVisible()) wanted = window;
+  if (wanted == nullptr) wanted = dice_.Pick(visible);
   if (wanted->isMinimized()) wanted->showNormal();
   elsewhere_.hide();
+  Note("the desktop chooses " + NameOf(wanted));
   wanted->activateWindow();
   return true;
-}
-
-/// What a timer of the program or of the toolkit is still to put right is no fault.
-bool Monkey::IsStillSettling() {
-  constexpr qint64 kMostMs = 500;
-  if (quitAsked_ || rules_.Fault().isEmpty()) return settling_.invalidate(), false;
-  if (!settling_.isValid()) settling_.start();
-  if (settling_.elapsed() < kMostMs) return true;
-  settling_.invalidate();
-  return false;
 }
 
 void Monkey::Measure() {
@@ -189,8 +222,12 @@ void Monkey::TryRules() {
   if (quitAsked_) Fail("the program goes on though it was ended");
   WatchQuit();
   const QString fault = rules_.Fault();
-  if (!fault.isEmpty()) Fail(fault);
-  if (QWidget* const front = SeenWindows().Front) before_ = front;
+  if (!fault.isEmpty()) Fail(fault + "; " + Scene());
+  AddToTrace(ToQt(SailDataText(Current().TheSail.Definition)));
+  if (QWidget* const front = SeenWindows().Front) {
+    std::erase(stack_, front);
+    stack_.push_front(front);
+  }
   alarm(kStuckSeconds);
   actedAt_ = ProcessorMs();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <array>
@@ -53,6 +52,7 @@ struct MonkeyAccount {
   int Starts = 0;                  ///< of the program
   int Dialogs = 0;                 ///< events in modal dialogs
   std::map<QString, int> Windows;  ///< events by window
+  std::uint64_t Trace = 0;         ///< the same for two runs that went the same way
   double LongestMs = 0;            ///< processor time from one event to the next
   QString LongestEvent;
 };
@@ -62,7 +62,9 @@ QString NameOf(const QWidget* widget);
 
 /// Works the windows without sense, one event after the other, out of the event loop, as a user
 /// would: a dialog that an event opens is worked by the events that follow. After each event, once
-/// all that it set off is done, the rules are tried; the first that is broken ends the run.
+/// all that it set off is done, the rules are tried; the first that is broken ends the run. The
+/// time between two events is thrown as well, and passes on a clock that only the monkey moves: a
+/// seed goes the same way each time.
 class Monkey : public QObject {
  public:
   Monkey(const MonkeyPlan& plan, const MonkeyScratch& scratch, const MonkeyRules& rules);
@@ -90,10 +92,13 @@ class Monkey : public QObject {
   void WatchQuit();
   void TryRules();
   bool KeepOneInFront();
-  bool IsStillSettling();
+  bool IsQuiet();
+  bool LetTimePass();
   void Measure();
   void Act();
   void Note(const QString& words);
+  void AddToTrace(const QString& words);
+  int AnyPause();
 
   // By what is in front.
   void ActHolding();
@@ -103,6 +108,7 @@ class Monkey : public QObject {
   void ActInFileDialog(QWidget* dialog);
   void ActInPrinterSetup(QWidget* dialog);
   void ActInMessage(QWidget* dialog);
+  void ActBehindDialog();
   void ActOnFrames(const SeenWindows& windows);
   void ActInWindow(QWidget* window);
   void ActInStart(Menu1& window);
@@ -125,6 +131,7 @@ class Monkey : public QObject {
   void Type(QChar character);
   void Paste(const QString& text);
   void CloseWindow(QWidget* window);
+  void Resize(QWidget* window);
   void ChooseMenu(Dessin1& window);
   void Drop(QWidget* window);
   void DropFile(Dessin1& window);
@@ -145,11 +152,11 @@ class Monkey : public QObject {
   MonkeyAccount account_;
   QStringList last_;
   std::deque<Intention> intentions_;
-  QPointer<QWidget> before_;  ///< the window that was in front last
+  std::deque<QPointer<QWidget>> stack_;  ///< the windows, the one that was in front last first
   int timer_ = 0;
   int attempts_ = 0;  ///< to bring a window to the front
-  int rounds_ = 0;    ///< of the event loop since the last event
-  QElapsedTimer settling_;
+  int rounds_ = 0;    ///< of the event loop since anything was under way
+  int pause_ = 0;     ///< ms that are still to pass before the next event
   bool running_ = false;
   bool quitAsked_ = false;
   bool quitWatched_ = false;

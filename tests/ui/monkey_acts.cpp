@@ -110,9 +110,32 @@ void Monkey::ActInDialog(QWidget* dialog) {
   ++account_.Dialogs;
   ++account_.Windows[dialog->objectName()];
   if (dice_.Chance(95) && ActAsIntended()) return;
+  if (dice_.Chance(3)) return ActBehindDialog();
   if (qobject_cast<QFileDialog*>(dialog) != nullptr) return ActInFileDialog(dialog);
   if (dynamic_cast<PrinterSetup*>(dialog) != nullptr) return ActInPrinterSetup(dialog);
   ActInMessage(dialog);
+}
+
+/// On a window that the dialog blocks.
+void Monkey::ActBehindDialog() {
+  const SeenWindows windows;
+  std::vector<QWidget*> visible = windows.All();
+  std::erase_if(visible, [](const QWidget* window) { return !window->isVisible(); });
+  if (visible.empty()) return Key(Qt::Key_Tab);
+  QWidget* const window =
+      dice_.Chance(50) && windows.Front != nullptr ? windows.Front : dice_.Pick(visible);
+  switch (dice_.Below(5)) {
+    case 0:
+      return ClickSomewhere(window);
+    case 1:
+      return CloseWindow(window);
+    case 2:
+      return window == windows.Picture ? DropFile(*windows.Picture) : Drop(window);
+    case 3:
+      return Wheel(window);
+    default:
+      return Resize(window);
+  }
 }
 
 void Monkey::ActInMessage(QWidget* dialog) {
@@ -130,12 +153,8 @@ void Monkey::ActInMessage(QWidget* dialog) {
       return AnyKey();
     case 5:
       return ClickSomewhere(dialog);
-    case 6: {
-      // A window that the dialog blocks.
-      const SeenWindows windows;
-      if (windows.Front == nullptr) return Key(Qt::Key_Tab);
-      return dice_.Chance(50) ? ClickSomewhere(windows.Front) : CloseWindow(windows.Front);
-    }
+    case 6:
+      return ActBehindDialog();
     default:
       if (buttons.isEmpty()) return Key(Qt::Key_Escape);
       return Click(dice_.Pick(buttons));
@@ -204,25 +223,15 @@ void Monkey::ActInPrinterSetup(QWidget* dialog) {
 // --- Windows -------------------------------------------------------------------------------------
 
 void Monkey::ActOnFrames(const SeenWindows& windows) {
-  std::vector<QWidget*> visible;
-  for (QWidget* window :
-       {static_cast<QWidget*>(windows.Start), static_cast<QWidget*>(windows.Dimensions),
-        static_cast<QWidget*>(windows.Picture), static_cast<QWidget*>(windows.Mould),
-        static_cast<QWidget*>(windows.Patches)})
-    if (window != nullptr && window->isVisible()) visible.push_back(window);
+  std::vector<QWidget*> visible = windows.All();
+  std::erase_if(visible, [](const QWidget* window) { return !window->isVisible(); });
   if (visible.empty()) return;
   QWidget* const window = dice_.Pick(visible);
   switch (dice_.Below(10)) {
     case 0:
     case 1:
-    case 2: {
-      const QSize size(dice_.Between(1, 1500), dice_.Between(1, 1100));
-      Note(QString("resize %1 to %2 x %3")
-               .arg(window->objectName())
-               .arg(size.width())
-               .arg(size.height()));
-      return window->resize(size);
-    }
+    case 2:
+      return Resize(window);
     case 3:
       // The drawing window would end the program, the start window its choice of language.
       if ((window == windows.Picture || window == windows.Start) && dice_.Chance(80))

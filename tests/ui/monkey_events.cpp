@@ -117,6 +117,12 @@ void Monkey::CloseWindow(QWidget* window) {
   hands_.CloseFrame(window);
 }
 
+void Monkey::Resize(QWidget* window) {
+  const QSize size(dice_.Between(1, 1500), dice_.Between(1, 1100));
+  Note(QString("resize %1 to %2 x %3").arg(NameOf(window)).arg(size.width()).arg(size.height()));
+  window->resize(size);
+}
+
 void Monkey::Drop(QWidget* window) {
   QList<QLineEdit*> fields = window->findChildren<QLineEdit*>();
   fields.removeIf([](const QLineEdit* field) { return !field->isVisible(); });

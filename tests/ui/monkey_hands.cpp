@@ -68,8 +68,8 @@ void MonkeyHands::Click(QWidget* widget, QPoint at, Qt::MouseButton button) {
 }
 
 void MonkeyHands::ReleaseAnywhere() {
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible()) return Release(window, {1, 1});
+  QWidget* const window = QApplication::activeWindow();
+  if (window != nullptr && window->isVisible()) return Release(window, {1, 1});
   held_ = Qt::NoButton;
 }
 

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QMessageBox>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -302,6 +304,35 @@ SeenWindows::SeenWindows() {
   Front = QApplication::activeWindow();
   while (Front != nullptr && Front->parentWidget() != nullptr)
     Front = Front->parentWidget()->window();
+}
+
+std::vector<QWidget*> SeenWindows::All() const {
+  std::vector<QWidget*> all = {Picture, Dimensions, Mould, Patches, Start};
+  std::erase(all, nullptr);
+  return all;
+}
+
+QString Scene() {
+  QStringList scene;
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName().isEmpty() && !window->isVisible()) continue;
+    QStringList words = {window->objectName()};
+    if (!window->isVisible()) words << "hidden";
+    if (window->isMinimized()) words << "minimised";
+    if (window == QApplication::activeWindow()) words << "in front";
+    if (window == QApplication::activeModalWidget()) words << "modal";
+    if (window->windowHandle() != nullptr &&
+        window->windowHandle() == QGuiApplication::focusWindow())
+      words << "with the keyboard";
+    if (window->focusWidget() != nullptr)
+      words << "focus on " + window->focusWidget()->objectName();
+    if (window->parentWidget() != nullptr) words << "of " + window->parentWidget()->objectName();
+    if (const auto* message = qobject_cast<const QMessageBox*>(window))
+      words << QString("\"%1\"").arg(message->text());
+    scene << words.join(' ');
+  }
+  scene.sort();
+  return scene.join(", ");
 }
 
 MonkeyRules::MonkeyRules() {

@@ -15,6 +15,9 @@ namespace brivane {
 struct SeenWindows {
   SeenWindows();
 
+  /// All that there are, always in the same order.
+  std::vector<QWidget*> All() const;
+
   Menu1* Start = nullptr;
   Create1* Dimensions = nullptr;
   Dessin1* Picture = nullptr;
@@ -24,6 +27,9 @@ struct SeenWindows {
   /// The window of the program that is in front, or that the dialogs in front belong to.
   QWidget* Front = nullptr;
 };
+
+/// Every window of the program: whether it is visible, minimised, in front, and what has its focus.
+QString Scene();
 
 /// What holds after every event, once everything that the event set off is done.
 class MonkeyRules {

@@ -11,13 +11,14 @@
 
 #include "model/sail_file.h"
 #include "ui/current_sail.h"
+#include "ui/monkey_clock.h"
 
 using namespace brivane;
 
 namespace {
 
 /// Events in each language, where nothing else is said.
-constexpr int kShare = 150;
+constexpr int kShare = 2000;
 
 Monkey* theMonkey = nullptr;
 
@@ -110,21 +111,26 @@ void MonkeyTest::WorksTheWindows() {
     PrintLastEvents(account.LastEvents);
     std::fputs(SailDataText(Current().TheSail.Definition).c_str(), stderr);
   }
-  std::printf("note: %s: %d events, %d in French, %d in dialogs, %d starts, longest %.0f ms (%s)\n",
-              name, account.Events, account.ByLanguage[0], account.Dialogs, account.Starts,
-              account.LongestMs, qPrintable(account.LongestEvent));
+  std::printf(
+      "note: %s: %d events, %d in French, %d in dialogs, %d starts, longest %.0f ms (%s), "
+      "trace %016llx\n",
+      name, account.Events, account.ByLanguage[0], account.Dialogs, account.Starts,
+      account.LongestMs, qPrintable(account.LongestEvent),
+      static_cast<unsigned long long>(account.Trace));
   for (const auto& [window, events] : account.Windows)
     std::printf("  %d events in %s\n", events, qPrintable(window));
   QVERIFY2(account.Fault.isEmpty(), qPrintable(account.Fault));
 }
 
 int main(int argc, char** argv) {
+  qputenv("QT_HASH_SEED", "0");
   const MonkeyScratch scratch;
   qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
   qputenv("QT_NO_GLIB", "1");
   qputenv("QTEST_FUNCTION_TIMEOUT", "100000000");
   std::signal(SIGALRM, TellStuck);
   std::signal(SIGXFSZ, SIG_IGN);
+  MonkeyClock::Hold();
   MonkeyApplication application(argc, argv);
   MonkeyTest test(scratch);
   return QTest::qExec(&test, argc, argv);
