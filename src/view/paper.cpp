@@ -16,17 +16,31 @@ std::size_t NextCharacter(std::string_view text, std::size_t index) {
   return index;
 }
 
+/// The index, or where the character that it lies in ends.
+std::size_t CharacterFrom(std::string_view text, std::size_t index) {
+  while (index < text.size() && !StartsCharacter(text[index])) ++index;
+  return std::min(index, text.size());
+}
+
 /// Length in bytes of the longest beginning that is no wider than the width, at least one
-/// character.
+/// character. Found by doubling and halving: measuring takes long, and a name may be a file's line.
 std::size_t FittingLength(std::string_view text, double width, double size,
                           const TextMeasure& measure) {
-  std::size_t length = NextCharacter(text, 0);
-  while (length < text.size()) {
-    const std::size_t longer = NextCharacter(text, length);
-    if (measure(text.substr(0, longer), size) > width) break;
-    length = longer;
+  const auto fits = [&](std::size_t length) {
+    return measure(text.substr(0, length), size) <= width;
+  };
+  std::size_t fitting = NextCharacter(text, 0);
+  std::size_t beyond = CharacterFrom(text, 2 * fitting);
+  while (fitting < text.size() && fits(beyond)) {
+    fitting = beyond;
+    beyond = CharacterFrom(text, 2 * fitting);
   }
-  return length;
+  while (fitting < text.size() && NextCharacter(text, fitting) < beyond) {
+    std::size_t middle = CharacterFrom(text, fitting + (beyond - fitting) / 2);
+    if (middle == beyond) middle = NextCharacter(text, fitting);
+    (fits(middle) ? fitting : beyond) = middle;
+  }
+  return fitting;
 }
 
 }  // namespace
@@ -42,7 +56,7 @@ std::size_t CharacterCount(std::string_view text) {
 std::vector<std::string> WrapText(std::string_view text, double width, double size,
                                   const TextMeasure& measure) {
   std::vector<std::string> lines;
-  while (!text.empty() && measure(text, size) > width) {
+  while (!text.empty()) {
     const std::size_t fitting = FittingLength(text, width, size, measure);
     if (fitting == text.size()) break;
     const std::size_t blank = text.substr(0, fitting + 1).rfind(' ');
