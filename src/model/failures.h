@@ -4,6 +4,7 @@
 #include <exception>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "model/language.h"
 
@@ -50,10 +51,14 @@ class FileError : public BilingualError {
 inline constexpr std::string_view kPathAccessText =
     "Trying to write over a Read Only File or an invalid Path";
 
-/// A sail data file holds something that no field can take. what() names the line and the field.
+/// A sail data file holds something that no field can take. The words name the line and the field;
+/// what() is the English ones.
 class ReadError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  ReadError(const std::string& english, std::string french)
+      : std::runtime_error(english), French(std::move(french)) {}
+
+  std::string French;
 };
 
 /// A computation on the sail cannot go on: a floating-point fault or a shape that cannot be laid

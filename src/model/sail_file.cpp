@@ -70,6 +70,10 @@ class LineWriter {
 
 // --- Reading -----------------------------------------------------------------------------------
 
+constexpr BilingualText kOverflow{"Overflow", "Dépassement de capacité"};
+constexpr BilingualText kTypeMismatch{"Type mismatch", "Type incompatible"};
+constexpr BilingualText kInLine{" (line ", " (ligne "};
+
 /// Number of bytes at the front that a line keeps as they are.
 std::size_t PlainLength(std::string_view text) {
   std::size_t length = 0;
@@ -112,22 +116,25 @@ class LineReader {
   /// A line that must be a number from end to end.
   double WholeLine(std::string_view field, char decimalMark) {
     const std::optional<LeadingNumber> number = ReadWholeNumberText(Text(), decimalMark);
-    if (!number) Refuse("Type mismatch", field);
+    if (!number) Refuse(kTypeMismatch, field);
     return Checked(*number, field);
   }
 
  private:
-  [[noreturn]] void Refuse(std::string_view words, std::string_view field) const {
-    throw ReadError(std::string(words) + " (line " + std::to_string(line_) + ", " +
-                    std::string(field) + ")");
+  [[noreturn]] void Refuse(const BilingualText& words, std::string_view field) const {
+    const auto refusal = [&](Language language) {
+      return std::string(words.In(language)) + std::string(kInLine.In(language)) +
+             std::to_string(line_) + ", " + std::string(field) + ")";
+    };
+    throw ReadError(refusal(Language::English), refusal(Language::French));
   }
   double Checked(const LeadingNumber& number, std::string_view field) const {
-    if (number.Overflow) Refuse("Overflow", field);
+    if (number.Overflow) Refuse(kOverflow, field);
     return number.Value;
   }
   std::int16_t AsInt16(double whole, std::string_view field) const {
     const std::optional<std::int16_t> value = ToInt16(whole);
-    if (!value) Refuse("Overflow", field);
+    if (!value) Refuse(kOverflow, field);
     return *value;
   }
 

@@ -187,6 +187,15 @@ TEST(ReadSailData, RoundsWholeNumbersToTheEvenNeighbour) {
   EXPECT_EQ(ReadFrom(WithLine(40, " 32767.4")).SeamWidth, 32767);
 }
 
+TEST(ReadSailData, RefusesInBothLanguages) {
+  try {
+    ReadFrom(WithLine(39, " 40000"));
+    ADD_FAILURE() << "not refused";
+  } catch (const ReadError& error) {
+    EXPECT_EQ(error.French, "Dépassement de capacité (ligne 39, ClothWidth)");
+  }
+}
+
 TEST(ReadSailData, RefusesWhatNoFieldCanTake) {
   EXPECT_EQ(RefusalOf(WithLine(19, " 32768")), "Overflow (line 19, LuffRoundPos)");
   EXPECT_EQ(RefusalOf(WithLine(24, "-32769")), "Overflow (line 24, GaffRound)");

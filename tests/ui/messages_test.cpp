@@ -34,7 +34,7 @@ void MessagesTest::FailuresAreToldOnceUnderTheirTitle() {
     throw FileError(FileErrorKind::Other, FileStep::Writing,
                     {"No space left on device", "Plus de place sur le disque"});
   }));
-  QVERIFY(!RunGuarded(nullptr, "b", [] { throw ReadError("Overflow: line 39"); }));
+  QVERIFY(!RunGuarded(nullptr, "b", [] { throw ReadError("Overflow: line 39", "ligne 39"); }));
   QVERIFY(!RunGuarded(nullptr, "c", [] { throw std::out_of_range("Subscript out of range"); }));
   QCOMPARE(seen.size(), std::size_t{3});
   QCOMPARE(seen[0].Title + "|" + seen[0].Text, "a|No space left on device");
