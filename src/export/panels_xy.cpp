@@ -1,19 +1,23 @@
 #include "export/panels_xy.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "export/record_text.h"
-#include "model/number_text.h"
 #include "model/panel_walk.h"
 
 namespace brivane {
 namespace {
 
-// The two numbers of a point line.
-constexpr NumberPattern kX = {" ", 1, 1, " ;"};
-constexpr NumberPattern kY = {" ", 1, 1, " \r\n"};
-
 constexpr std::size_t kPanelBytes = 107 * 22 + 120;
+
+// A point line, put in one piece.
+void AppendPoint(FileText& text, double x, double y, char decimalMark) {
+  char* at = PutWords(text.Room(2 * kLongestFixed + 16), " ");
+  at = PutFixed<1>(at, x < 0, std::fabs(x), decimalMark);
+  at = PutFixed<1>(PutWords(at, " ; "), y < 0, std::fabs(y), decimalMark);
+  text.EndAt(PutWords(at, " \r\n"));
+}
 
 std::string_view EdgeLabel(PanelPlace place) {
   switch (place) {
@@ -33,10 +37,8 @@ std::string_view EdgeLabel(PanelPlace place) {
 
 void AppendPanel(FileText& text, const Sail& sail, int panel, char decimalMark) {
   const auto walk = [&](const PanelStretch& stretch) {
-    WalkStretch(sail.Panels, panel, stretch, [&text, decimalMark](double x, double y) {
-      AppendPattern<kX>(text, x, decimalMark);
-      AppendPattern<kY>(text, y, decimalMark);
-    });
+    WalkStretch(sail.Panels, panel, stretch,
+                [&text, decimalMark](double x, double y) { AppendPoint(text, x, y, decimalMark); });
   };
 
   text += "\r\nPANEL; " + std::to_string(panel + 1) + " ;";
