@@ -20,6 +20,7 @@ using Field = DimensionField;
 
 constexpr int kFieldWidth = 90;
 constexpr int kTightFieldWidth = 64;
+constexpr int kParted = 3;
 constexpr std::array<const char*, 3> kResultNames = {"LeechLengthValue", "LpValue", "AreaValue"};
 constexpr std::array<const char*, 3> kResultUnits = {"mm", "mm", "m²"};
 
@@ -150,8 +151,6 @@ QGroupBox* Create1::BuildGroup(std::size_t index, const std::vector<DimensionFie
 void Create1::AddField(QGridLayout* grid, int row, DimensionField field) {
   FieldRow& made = Row(field);
   made.Caption = new QLabel;
-  // The underlined letter parts two that would have stood closer together.
-  made.Caption->setContentsMargins(0, 0, 3, 0);
   made.Edit = new QLineEdit;
   made.Edit->setAlignment(Qt::AlignRight);
   made.Edit->setFixedWidth(kFieldWidth);
@@ -252,6 +251,8 @@ void Create1::SetCaptions() {
     const FieldRow& row = Row(info.Field);
     const QString caption = CurrentText(info.Caption);
     row.Caption->setText(letters.Mark(caption));
+    // The underlined letter parts two that stand closer together where the width is measured.
+    row.Caption->setMinimumWidth(row.Caption->sizeHint().width() + kParted);
     row.Caption->setToolTip(CurrentText(info.Tooltip));
     row.Edit->setAccessibleName(caption);
     row.Edit->setToolTip(CurrentText(info.Tooltip));
