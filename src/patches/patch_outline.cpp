@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "geometry/faults.h"
 #include "geometry/sail_edges.h"
@@ -123,14 +122,13 @@ struct Border {
   // How far a turned point lies inside of the border, measured square to that line.
   double Gap(PlanePoint point) const {
     double gap = std::numeric_limits<double>::max();
-    bool isAhead = Path[0].x > point.x;
-    for (std::size_t k = 1; k < Path.size(); ++k) {
-      const bool wasAhead = std::exchange(isAhead, Path[k].x > point.x);
-      if (wasAhead == isAhead) continue;
-      const PlanePoint& a = Path[k - 1];
-      const PlanePoint& b = Path[k];
-      const double t = (point.x - a.x) / (b.x - a.x);
-      gap = std::min(gap, Between(a, b, t).y - point.y);
+    const PlanePoint* a = &Path.front();
+    for (const PlanePoint& b : Path) {
+      if ((a->x > point.x) != (b.x > point.x)) {
+        const double t = (point.x - a->x) / (b.x - a->x);
+        gap = std::min(gap, Between(*a, b, t).y - point.y);
+      }
+      a = &b;
     }
     return gap;
   }
