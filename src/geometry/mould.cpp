@@ -64,7 +64,7 @@ struct Rise {
 /// The rise at sample k, where power is (1 − X)^(A + 2).
 Rise RiseAt(const Section& section, int k, double power) {
   constexpr double kStep = kAbscissaStep;
-  constexpr double kRounding = 1e-12 / kStep;  // of a profile whose A and B are not large
+  constexpr double kRounding = 1e-12 / kStep;  // of two samples, as a part of K1 + B
   const auto& [A, B, divisor, K1, K2] = section;
   const double X = kAbscissae.X[static_cast<std::size_t>(k)];
   const double rest = kAbscissae.InverseRest[static_cast<std::size_t>(k)];
