@@ -17,8 +17,9 @@ namespace brivane {
 
 namespace {
 
-constexpr int kPatienceMs = 5000;
-constexpr int kActivationMs = 300;
+constexpr int kPatienceMs = 30000;
+constexpr int kTickMs = 10;
+constexpr int kActivationTicks = 30;
 
 }  // namespace
 
@@ -122,12 +123,14 @@ void WhenDialogIsUp(const QString& name, const std::function<void(QWidget*)>& st
   auto* watch = new QTimer(qApp);
   QElapsedTimer since;
   since.start();
-  QObject::connect(watch, &QTimer::timeout, watch, [=] {
+  QObject::connect(watch, &QTimer::timeout, watch, [=, shownTicks = 0]() mutable {
     QWidget* const dialog = QApplication::activeModalWidget();
     const bool isShown = dialog != nullptr && dialog->objectName() == name && dialog->isVisible();
-    // A platform without a window manager does not always activate a dialog above a dialog.
-    const bool isUp = isShown && (dialog->isActiveWindow() || since.elapsed() > kActivationMs);
-    if (isShown && !isUp) dialog->activateWindow();
+    // A platform without a window manager does not always activate a dialog above a dialog. Counted
+    // in rounds of the event loop: a slow machine is to have as many. A file dialog that has not
+    // got the keyboard puts what it finds in the place of what is typed.
+    const bool isUp = isShown && (dialog->isActiveWindow() || ++shownTicks > kActivationTicks);
+    if (isShown && !isUp) return dialog->activateWindow();
     if (!isUp && since.elapsed() < kPatienceMs) return;
     watch->stop();
     watch->deleteLater();
@@ -135,14 +138,14 @@ void WhenDialogIsUp(const QString& name, const std::function<void(QWidget*)>& st
     if (dialog != nullptr) dialog->close();
     qFatal("no dialog %s came up", qPrintable(name));
   });
-  watch->start(10);
+  watch->start(kTickMs);
 }
 
 void ChooseFile(QWidget* dialog, const QString& path) {
   auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+  // The list of completions would take the key, as soon as the folder has been read.
+  name->setCompleter(nullptr);
   TypeAndStay(name, path);
-  // The list of completions would take the key.
-  if (QWidget* completions = QApplication::activePopupWidget()) completions->hide();
   QTest::keyClick(name, Qt::Key_Return);
 }
 
