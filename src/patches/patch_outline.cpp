@@ -101,10 +101,10 @@ struct Border {
     for (const PlanePoint& point : out) Path.push_back(Turned(point));
   }
 
-  // Turned about the start, so that x runs along the straight line between both ends.
+  // Seen from the start: x along the straight line between both ends, y square to it.
   PlanePoint Turned(PlanePoint point) const {
     const PlanePoint from = point - Start;
-    return Start + PlanePoint{Dot(Along, from), Cross(Along, from)};
+    return {Dot(Along, from), Cross(Along, from)};
   }
 
   // Which of the inner points, turned, stands nearest above the corner; none where the corner juts

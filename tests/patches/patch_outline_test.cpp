@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "geometry/outline.h"
 #include "model/failures.h"
@@ -183,6 +185,29 @@ TEST(PatchOutline, ABluntCornersDepthIsAFifthOfItsShorterSide) {
       EXPECT_NEAR(outline[20 + k].x, 40 * size * swell(k) / swell(13), 1e-9) << k;
       EXPECT_NEAR(outline[20 + k].y,
                   4000 + size * (200 * (t * t + bend) - 400 * ((1 - t) * (1 - t) + bend)), 1e-9);
+    }
+  }
+}
+
+TEST(PatchOutline, ASlimPatchWhoseCornerJutsOutKeepsItsParabola) {
+  // A clew of 9 degrees, one side of the patch long and the other short: the corner lies beyond
+  // the line between their ends, and the parabola is not swollen.
+  Sail sail = RoundedSail();
+  SailDefinition& definition = sail.Definition;
+  definition.LuffRound = definition.FootRound = 0;
+  definition.PeakPoint = {500, 400, 0};
+  for (const auto& [height, width] : {std::pair<std::int16_t, std::int16_t>{5, 40}, {40, 5}}) {
+    sail.Patches.PatchHeight[0] = height;
+    sail.Patches.PatchWidth[0] = width;
+    const auto outline = PatchOutline(sail, PatchCorner::Clew, 0);
+    const PlanePoint up = (height / 100.0) * PlanePoint{-2500, 400};
+    const PlanePoint along = (width / 100.0) * PlanePoint{-3000, 0};
+    for (std::size_t k = 0; k <= 20; ++k) {
+      const double t = static_cast<double>(k) / 20;
+      const double bend = 0.7 * t * (1 - t);
+      const PlanePoint at =
+          PlanePoint{3000, 0} + ((1 - t) * (1 - t) + bend) * up + (t * t + bend) * along;
+      ExpectPoint(outline[20 + k], at.x, at.y);
     }
   }
 }
