@@ -221,6 +221,21 @@ TEST(DrawGuideLine, IsNotLiftedBeyondTheEndsOfALowerSeamThatDropsSteeply) {
   EXPECT_GT(panel.Edge[32].x, 1000);
 }
 
+TEST(DrawGuideLine, IsLiftedOntoAHumpOfTheLowerSeamButNotBeyondItsEnds) {
+  // The same steep ends, and in the middle a hump that stands higher than the line.
+  FlatPanel panel = Trapeze(-100, 1100, 300);
+  for (std::size_t point = 6; point <= 34; ++point) panel.Lower[point].y = -60;
+  panel.Lower[6].x = 5;
+  panel.Lower[34].x = 995;
+  for (std::size_t point = 18; point <= 22; ++point) panel.Lower[point].y = 290;
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[20].y, 290, 1e-9);
+  for (const std::size_t end : {7, 8, 32, 33}) {
+    EXPECT_TRUE(panel.Edge[end].x < 0 || panel.Edge[end].x > 1000) << end;
+    EXPECT_NEAR(panel.Edge[end].y, 280, 1e-9) << end;
+  }
+}
+
 TEST(DrawGuideLine, TakesAStepOfTheLowerSeamAsItsLowerEnd) {
   // The seam falls by 5 mm where it starts; the line starts forward of it on a leaning edge.
   FlatPanel panel = Trapeze(-100, 1000, 100);
