@@ -32,8 +32,8 @@ std::string FileKindText(std::string_view name, Language language) {
 QVariant FileColumns::data(const QModelIndex& index, int role) const {
   constexpr int kSize = 1;
   constexpr int kKind = 2;
-  const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
   constexpr int kDate = 3;
+  const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
   const bool isWorded = index.column() >= kSize && index.column() <= kDate;
   if (files == nullptr || role != Qt::DisplayRole || !isWorded)
     return QIdentityProxyModel::data(index, role);

@@ -26,10 +26,14 @@ class PatchWindowTest : public QObject {
 
 namespace {
 
-void OpenPatches(Desk& desk) {
-  desk.DesignDefaultSail();
+void ShowPatches(Desk& desk) {
   desk.Picture().m_Patch->trigger();
   QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+}
+
+void OpenPatches(Desk& desk) {
+  desk.DesignDefaultSail();
+  ShowPatches(desk);
 }
 
 /// Makes a folder that of the last file dialog.
@@ -129,8 +133,7 @@ void PatchWindowTest::PlotterFileOfTheCurrentFolder() {
   Desk desk;
   desk.DesignDefaultSail();
   GoToFolder(desk, folder.path());
-  desk.Picture().m_Patch->trigger();
-  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  ShowPatches(desk);
   for (int i = 0; i < 2; ++i) Press(desk.Patches().Validate1[0]);
   QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"Patches.bp4"});
   QCOMPARE(desk.Seen.size(), std::size_t{2});
@@ -144,8 +147,7 @@ void PatchWindowTest::ButtonsAnswerTheirLettersAtOnce() {
   Desk desk;
   desk.DesignDefaultSail();
   GoToFolder(desk, folder.path());
-  desk.Picture().m_Patch->trigger();
-  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  ShowPatches(desk);
   QTest::keySequence(&desk.Patches(), QKeySequence::mnemonic(desk.Patches().Validate1[0]->text()));
   QCOMPARE(desk.Seen.size(), std::size_t{1});
   QTest::keySequence(&desk.Patches(), QKeySequence::mnemonic(desk.Patches().Cancel->text()));
@@ -158,8 +160,7 @@ void PatchWindowTest::DxfFilesInFrench() {
   Desk desk(Language::French);
   desk.DesignDefaultSail();
   GoToFolder(desk, folder.path());
-  desk.Picture().m_Patch->trigger();
-  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  ShowPatches(desk);
   Press(desk.Patches().Validate1[1]);
   QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 8);
   QCOMPARE(desk.Seen.size(), std::size_t{1});
@@ -176,8 +177,7 @@ void PatchWindowTest::TriangularSailHasNoPeak() {
   Press(desk.Dimensions().Validation);
   QVERIFY(QTest::qWaitForWindowActive(&desk.Picture()));
   GoToFolder(desk, folder.path());
-  desk.Picture().m_Patch->trigger();
-  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  ShowPatches(desk);
   QVERIFY(!desk.Patches().Text2[3]->isEnabled());
   QVERIFY(desk.Patches().Text2[2]->isEnabled());
   Press(desk.Patches().Validate1[1]);
@@ -190,8 +190,7 @@ void PatchWindowTest::FailureIsTold() {
   Desk desk;
   desk.DesignDefaultSail();
   GoToFolder(desk, "/nowhere");
-  desk.Picture().m_Patch->trigger();
-  QVERIFY(QTest::qWaitForWindowActive(&desk.Patches()));
+  ShowPatches(desk);
   Press(desk.Patches().Validate1[0]);
   QCOMPARE(desk.Seen.size(), std::size_t{1});
   QVERIFY(desk.Seen[0].Title.startsWith("Brivane 2000"));
