@@ -3,8 +3,10 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <vector>
 
+#include "ui/painted_pixels.h"
 #include "ui/qt_text.h"
 #include "view/navigation.h"
 
@@ -21,24 +23,74 @@ QPen PenOf(const Stroke& stroke, double width) {
   return pen;
 }
 
-/// Paints the polylines, each sent whole through the transform, which turns nothing.
+std::uint32_t PixelOf(const Colour& ink) { return InkOf(ink).rgb(); }
+
+/// The points sent through the transform, which turns nothing, into a list that all strokes share.
+template <typename Point>
+void SendThrough(const QTransform& transform, const std::vector<PlanePoint>& points,
+                 std::vector<Point>& sent) {
+  const double scaleX = transform.m11();
+  const double scaleY = transform.m22();
+  const PlanePoint origin{transform.dx(), transform.dy()};
+  sent.resize(points.size());
+  std::transform(points.begin(), points.end(), sent.begin(), [&](const PlanePoint& point) {
+    return Point{point.x * scaleX + origin.x, point.y * scaleY + origin.y};
+  });
+}
+
+/// Paints with the toolkit's pens, on whatever there is.
+class ToolkitPen {
+ public:
+  ToolkitPen(QPainter& painter, const QTransform& toDevice, double width)
+      : painter_(painter), toDevice_(toDevice), width_(width) {}
+
+  void Paint(const Stroke& stroke) {
+    if (before_ == nullptr || !(stroke.Ink == before_->Ink) || stroke.Pen != before_->Pen)
+      painter_.setPen(PenOf(stroke, width_));
+    before_ = &stroke;
+    SendThrough(toDevice_, stroke.Points, line_);
+    painter_.drawPolyline(line_.data(), static_cast<int>(line_.size()));
+  }
+
+ private:
+  QPainter& painter_;
+  const QTransform& toDevice_;
+  double width_;
+  std::vector<QPointF> line_;
+  const Stroke* before_ = nullptr;
+};
+
+/// Puts solid lines one pixel wide straight into the pixels.
+class PixelPen {
+ public:
+  PixelPen(const PaintedPixels& pixels, const QTransform& toDevice)
+      : pixels_(pixels), toPixels_(toDevice * pixels.ToPixels) {}
+
+  void Paint(const Stroke& stroke) {
+    SendThrough(toPixels_, stroke.Points, line_);
+    for (const QRect& part : pixels_.Part)
+      PutLine(pixels_.Rows,
+              {part.left(), part.top(), part.left() + part.width(), part.top() + part.height()},
+              line_, PixelOf(stroke.Ink), pixels_.Edge);
+  }
+
+ private:
+  const PaintedPixels& pixels_;
+  QTransform toPixels_;
+  std::vector<PlanePoint> line_;
+};
+
 void PaintStrokes(QPainter& painter, const std::vector<Stroke>& strokes, const QTransform& toDevice,
                   double penWidth) {
-  const double scaleX = toDevice.m11();
-  const double scaleY = toDevice.m22();
-  const QPointF origin(toDevice.dx(), toDevice.dy());
-  std::vector<QPointF> line;
-  const Stroke* before = nullptr;
+  ToolkitPen toolkitPen(painter, toDevice, penWidth);
+  const std::optional<PaintedPixels> pixels = PixelsBehind(painter);
+  std::optional<PixelPen> pixelPen;
+  if (pixels && penWidth == 1) pixelPen.emplace(*pixels, toDevice);
   for (const Stroke& stroke : strokes) {
-    if (before == nullptr || !(stroke.Ink == before->Ink) || stroke.Pen != before->Pen)
-      painter.setPen(PenOf(stroke, penWidth));
-    before = &stroke;
-    line.resize(stroke.Points.size());
-    std::transform(stroke.Points.begin(), stroke.Points.end(), line.begin(),
-                   [&](const PlanePoint& point) {
-                     return QPointF(point.x * scaleX + origin.x(), point.y * scaleY + origin.y());
-                   });
-    painter.drawPolyline(line.data(), static_cast<int>(line.size()));
+    if (pixelPen && stroke.Pen == PenStyle::Solid)
+      pixelPen->Paint(stroke);
+    else
+      toolkitPen.Paint(stroke);
   }
 }
 

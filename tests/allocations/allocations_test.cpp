@@ -11,6 +11,7 @@
 #include "panels/development.h"
 #include "panels/vertical_cut.h"
 #include "view/drawing.h"
+#include "view/line_pixels.h"
 #include "view/sail_drawing.h"
 
 // Counts the allocations of the whole program: what runs for every point must make none.
@@ -87,6 +88,15 @@ TEST(Allocations, ADrawingMakesOneForEachLine) {
   // The points of the stroke, and none for each of them.
   EXPECT_EQ(AllocationsOf([&] { AppendSeamLine(sail.Grid, mapping, 1, drawing); }), 1);
   EXPECT_EQ(drawing.Strokes.size(), 1U);
+}
+
+TEST(Allocations, PuttingALineIntoPixelsMakesNone) {
+  std::uint32_t pixels[100] = {};
+  const PixelRows picture{pixels, 10};
+  const PlanePoint line[] = {{1, 1}, {9, 4}, {2, 8}};
+  EXPECT_EQ(AllocationsOf([&] { PutLine(picture, picture.Box(), line, ~0U, LineEdge::Smooth); }),
+            0);
+  EXPECT_NE(pixels[11], 0U);
 }
 
 }  // namespace
