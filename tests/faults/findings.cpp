@@ -101,7 +101,7 @@ Findings RunWithOwnMounts(const std::function<void(Findings&)>& work) {
       findings.Skipped = "not the superuser, so no mounts of its own";
     else if (unshare(CLONE_NEWNS) != 0)
       findings.Skipped = Reason("no mount namespace");
-    else if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
+    else if (mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) != 0)
       findings.Skipped = Reason("the mounts cannot be made private");
     else
       work(findings);

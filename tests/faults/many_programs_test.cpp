@@ -17,6 +17,7 @@
 #include "faults/savers.h"
 #include "model/sail_file.h"
 #include "model/text_file.h"
+#include "support/slowness.h"
 #include "support/temporary_folder.h"
 
 // Programs that are killed while they save, and several that save at once.
@@ -68,20 +69,20 @@ SailDefinition NumberedSail(int number) {
 }
 
 TEST(KilledPrograms, LeaveTheSailDataFileWhole) {
-  constexpr int kKills = 1000;
-  constexpr int kMostMicroseconds = 5000;
+  const int kills = 1000 / Slowness();
+  const int mostMicroseconds = 5000 * Slowness();
   const FoldersInMemory inMemory;
   const TemporaryFolder folder;
   const std::string path = folder.Path("sail.bv3");
   std::mt19937 random(20001125);
-  std::uniform_int_distribution<int> pause(0, kMostMicroseconds);
+  std::uniform_int_distribution<int> pause(0, mostMicroseconds);
   int torn = 0;
   int saved = 0;
-  for (int kills = 0; kills < kKills; ++kills) {
+  for (int round = 0; round < kills; ++round) {
     SailDefinition last;
-    if (kills > 0) ReadSailDataFile(path, last, '.');
-    const int next = kills == 0 ? 1 : std::stoi(last.SailName) + 1;
-    if (kills == 0) WriteSailDataFile(path, NumberedSail(next - 1));
+    if (round > 0) ReadSailDataFile(path, last, '.');
+    const int next = round == 0 ? 1 : std::stoi(last.SailName) + 1;
+    if (round == 0) WriteSailDataFile(path, NumberedSail(next - 1));
     const pid_t child = Start([&] {
       for (int number = next;; ++number) WriteSailDataFile(path, NumberedSail(number));
     });
@@ -94,14 +95,14 @@ TEST(KilledPrograms, LeaveTheSailDataFileWhole) {
     if (number >= next) ++saved;
     ASSERT_EQ(torn, 0);
   }
-  EXPECT_GT(saved, kKills / 10) << "the children hardly came to save";
+  EXPECT_GT(saved, kills / 10) << "the children hardly came to save";
   const std::size_t leftovers = folder.Entries() - 1;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder.Path("")))
     MakeOlder(entry.path().string(), 3600);
   WriteSailDataFile(path, NumberedSail(0));
   EXPECT_EQ(folder.Entries(), 1U);
   std::printf("note: killed %d times in a save loop: %d files torn, %zu leftovers cleaned up\n",
-              kKills, torn, leftovers);
+              kills, torn, leftovers);
 }
 
 class Leftovers : public testing::Test {

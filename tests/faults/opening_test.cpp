@@ -18,6 +18,7 @@
 #include "model/sail_file.h"
 #include "panels/design_pass.h"
 #include "support/sample_sail_files.h"
+#include "support/slowness.h"
 #include "support/temporary_folder.h"
 
 // Whatever a file holds, opening it comes to an answer, and soon.
@@ -25,14 +26,13 @@
 namespace brivane {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr double kMostSeconds = 1.0;  // the sanitizers make it ten times as slow
-constexpr std::size_t kStride = 7;    // and one in seven of the many files is enough
-#else
-constexpr double kMostSeconds = 0.1;
-constexpr std::size_t kStride = 1;
-#endif
 constexpr std::size_t kReaders = 4;
+
+/// The longest that an answer may take, s of the processor.
+const double kMostSeconds = 0.1 * Slowness();
+/// Where a computation is slow, one in so many of the files is tried: 7 under the sanitizers, 47
+/// under valgrind.
+const std::size_t kStride = Slowness() == 1 ? 1 : static_cast<std::size_t>(Slowness()) - 3;
 
 /// Time that the processor has spent on this program, s: other programs do not count.
 double ProcessorSeconds() {
