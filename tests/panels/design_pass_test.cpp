@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "geometry/plane.h"
 #include "model/failures.h"
 #include "panels/development.h"
 #include "panels/layout_check.h"
@@ -91,6 +92,65 @@ TEST(DesignPass, RefusesAnEstimateBeyondSixteenBits) {
   sail.Definition.GaffLength = 1e9;
   sail.Definition.GaffAngle = 0.1;
   EXPECT_THROW(DesignPass(sail), GeometryFault);
+}
+
+TEST(DesignPass, TakesAnEstimateUpToTheLargestSixteenBitNumber) {
+  // A foot that runs up along the luff, a leech square to it and a cloth of one millimetre.
+  const auto sail = [](double foot) {
+    Sail made;
+    made.Definition.CutType = kVerticalCut;
+    made.Definition.LuffLength = made.Definition.FootLength = foot;
+    made.Definition.DiagonalLength = 49.9;
+    made.Definition.GaffLength = 20;
+    made.Definition.GaffAngle = kPi / 2;
+    made.Definition.ClothWidth = 1;
+    return made;
+  };
+  Sail last = sail(32767.2);
+  EXPECT_EQ(DesignPass(last).End, DesignEnd::TooManyPanels);
+  Sail beyond = sail(32767.8);
+  EXPECT_THROW(DesignPass(beyond), GeometryFault);
+}
+
+TEST(DesignPass, WidensTheClothUpToTheLargestSixteenBitNumber) {
+  // A fiftieth of the peak's height in whole millimetres.
+  const auto sail = [](double peakHeight) {
+    Sail made;
+    made.Definition.LuffLength = 1e6;
+    made.Definition.FootLength = 1e5;
+    made.Definition.DiagonalLength = 1.005e6;
+    made.Definition.GaffAngle = 0.05;
+    made.Definition.GaffLength = (peakHeight - 1e6) / std::cos(0.05);
+    return made;
+  };
+  Sail last = sail(50 * 32767 + 25);
+  EXPECT_EQ(DesignPass(last).End, DesignEnd::TooManyPanels);
+  EXPECT_EQ(last.Definition.ClothWidth, 32767);
+  Sail beyond = sail(50 * 32768 + 25);
+  EXPECT_THROW(DesignPass(beyond), GeometryFault);
+}
+
+TEST(DesignPass, FitsAPanelThatIsExactlyAsWideAsTheCloth) {
+  // Flat sails of one panel, over a level foot the luff as high as the cloth is wide. The leech
+  // leans aft and is shorter, so that one step covers it. Rounding makes some of them narrower or
+  // wider by the last digit.
+  int exactly = 0;
+  for (int k = 20; k < 120; ++k) {
+    Sail sail;
+    SailDefinition& d = sail.Definition;
+    d.LuffRound = d.LeechRound = d.FootRound = d.GaffRound = 0;
+    d.Depth = {0, 0, 0};
+    d.TwistAngle = 0;
+    d.LuffLength = 7 * k;
+    d.FootLength = 24 * k;
+    d.DiagonalLength = 25 * k;
+    d.GaffLength = 24.2 * k;
+    d.GaffAngle = kPi / 2 + 0.04;
+    d.ClothWidth = static_cast<std::int16_t>(7 * k);
+    const DesignResult result = DesignPass(sail);
+    exactly += result.Passes == 1 && d.PanelCount == 1 && result.WidestPanel == 7 * k;
+  }
+  EXPECT_GT(exactly, 0);
 }
 
 TEST(DesignPass, CutsANarrowSailFromOneVerticalPanel) {

@@ -94,6 +94,16 @@ std::vector<SailDefinition> SailsToFit() {
     sail.Depth = {12, 15, 10};
     sails.push_back(sail);
   }
+  // A gaff that falls nearly to the clew: by its leech the sail is less than half a panel.
+  SailDefinition sail;
+  sail.CutType = kCrossCut;
+  sail.LuffLength = 4000;
+  sail.FootLength = 3000;
+  sail.DiagonalLength = 5000;
+  sail.GaffLength = 4469;
+  sail.GaffAngle = 2.435;
+  sail.ClothWidth = 1500;
+  sails.push_back(sail);
   return sails;
 }
 

@@ -67,6 +67,35 @@ TEST(DrawGuideLine, EndsOnTheLowerSeamWhereThePanelRunsIntoItsAftCorner) {
   EXPECT_NEAR(panel.Edge[34].y, 0, 1e-9);
 }
 
+TEST(DrawGuideLine, EndsOnAnEdgeThatLeansFarOutOfAPanelThatBeginsInACorner) {
+  FlatPanel panel = Trapeze(0, 400, 100);
+  for (int i = 0; i <= 30; ++i)
+    panel.Upper[static_cast<std::size_t>(5 + i)] = {400 * i / 30.0, 100 * i / 30.0};
+  for (std::size_t point = 0; point <= 5; ++point) panel.Edge[point] = {0, 0};
+  DrawGuideLine(panel, 20, false);
+  // y = x / 4 − drop meets the edge, y = (1000 − x) / 6.
+  const double drop = 20 * std::sqrt(1 + 1 / 16.0);
+  const double meeting = (1000 / 6.0 + drop) / (1 / 4.0 + 1 / 6.0);
+  EXPECT_NEAR(panel.Edge[34].x, meeting, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].y, (1000 - meeting) / 6, 1e-9);
+  EXPECT_NEAR(panel.Edge[6].x, 4 * drop, 1e-9);
+}
+
+TEST(DrawGuideLine, GoesOnStraightBeyondTheEndsOfABentSeam) {
+  // The seam rises by three quarters along its first piece and falls along its last.
+  FlatPanel panel = Trapeze(300, 700, 310);
+  panel.Upper[5].y = panel.Upper[35].y = 300;
+  for (int i = 0; i <= 5; ++i) {
+    panel.Edge[static_cast<std::size_t>(i)] = Between({0, 0}, {300, 300}, i / 5.0);
+    panel.Edge[static_cast<std::size_t>(40 - i)] = Between({1000, 0}, {700, 300}, i / 5.0);
+  }
+  DrawGuideLine(panel, 20, false);
+  EXPECT_NEAR(panel.Edge[6].x, 200, 1e-9);  // y = 300 + 0.75 (x − 300) − 20 · 1.25 meets y = x
+  EXPECT_NEAR(panel.Edge[6].y, 200, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].x, 800, 1e-9);
+  EXPECT_NEAR(panel.Edge[34].y, 200, 1e-9);
+}
+
 TEST(DrawGuideLine, KeepsToTheLowerSeamOfAPanelNarrowerThanTheSeam) {
   FlatPanel panel = Trapeze(0, 1000, 15);
   DrawGuideLine(panel, 20, false);

@@ -65,6 +65,22 @@ TEST(CuttableStrips, HaveAnAreaOfMoreThanAMillionth) {
   EXPECT_TRUE(IsRefused(Rectangle(0, 0)));
 }
 
+TEST(CuttableStrips, HaveAnAreaWhereverItLies) {
+  // A strip without width but for one point of a seam.
+  for (const double beside : {10.0, -10.0})
+    for (const int line : {0, 1})
+      for (int point = 6; point < 35; ++point) {
+        SurfaceGrid grid = Rectangle(0, 0);
+        for (int i = 0; i <= 40; ++i) {
+          const double along = 10.0 * std::clamp(i - 5, 0, 30);
+          grid.SurfaceY(0, i) = grid.SurfaceY(1, i) = along;
+        }
+        EXPECT_TRUE(IsRefused(grid));
+        grid.SurfaceX(line, point) = beside;
+        EXPECT_FALSE(IsRefused(grid)) << beside << " " << line << " " << point;
+      }
+}
+
 TEST(CuttableStrips, LieTheSameWayRoundAsTheFirst) {
   for (const double height : {300.0, -300.0})
     for (const PlanePoint& corner : {PlanePoint{0, 0}, {7000, -3000}, {-7000, 5000}}) {
@@ -118,6 +134,15 @@ TEST(CuttableStrips, MayReachIntoEachOthersHollows) {
   EXPECT_FALSE(IsRefused(grid));
   grid = Moved(1, 20, 450, -5);
   grid.SurfaceY(0, 20) = -10;
+  EXPECT_FALSE(IsRefused(grid));
+}
+
+TEST(CuttableStrips, MayHaveADentInTheTack) {
+  // The dent of the upper seam stands in (0, 0), the lower seam's tip in it.
+  SurfaceGrid grid = Rectangle(900, 300, {-450, -310});
+  grid.SurfaceY(0, 20) = -5;
+  EXPECT_TRUE(IsRefused(grid));
+  grid.SurfaceY(1, 20) = 0;
   EXPECT_FALSE(IsRefused(grid));
 }
 

@@ -93,6 +93,28 @@ TEST(CrossCut, StartsLineZeroAtTheFirstSeamsEndOnTheFoot) {
   }
 }
 
+TEST(CrossCut, StartsLineZeroAtTheOnlySeamsEndOnTheFoot) {
+  Sail sail = PlainSail(kCrossCut);
+  Allowances allowances{};
+  allowances[1] = -20000;
+  LayOut(sail, allowances);
+  ASSERT_EQ(sail.Definition.PanelCount, 2);
+  ASSERT_EQ(CodeOf(sail, 1), 0);
+  EXPECT_GT(PointAt(sail, 0, 5).x, 1);
+  EXPECT_LT(Length(PointAt(sail, 0, 5) - PointAt(sail, 1, 5)), 1e-9);
+}
+
+TEST(CrossCut, EndsLineZeroInTheClewToTheLastBit) {
+  for (int foot = 3000; foot < 3100; ++foot) {
+    Sail sail;
+    sail.Definition.FootLength = foot;
+    ComputeOutline(sail.Definition);
+    LayOut(sail);
+    const PlanePoint clew{sail.Definition.ClewPoint.x, sail.Definition.ClewPoint.y};
+    for (int point = 35; point <= 40; ++point) EXPECT_EQ(PointAt(sail, 0, point), clew) << foot;
+  }
+}
+
 TEST(CrossCut, StartsLineZeroAtTheTackWhenTheFirstSeamMeetsTheLuff) {
   Sail sail = PlainSail(kTwistFootCut);
   LayOut(sail);
@@ -277,6 +299,24 @@ TEST(TwistFootCut, SharesAShortLuffEvenly) {
   }
 }
 
+TEST(TwistFootCut, RaisesItsOnlySeamToHalfOfAVeryShortLuff) {
+  Sail sail = PlainSail(kTwistFootCut);
+  SailDefinition& d = sail.Definition;
+  d.LuffLength = 300;
+  d.FootLength = 3500;
+  d.DiagonalLength = 3550;
+  d.GaffLength = 3600;
+  d.GaffAngle = 0.5;
+  d.ClothWidth = 1000;  // a fifth of it is more than the half
+  ComputeOutline(d);
+  Allowances allowances{};
+  allowances[1] = -20000;
+  LayOut(sail, allowances);
+  ASSERT_EQ(d.PanelCount, 2);
+  EXPECT_NEAR(PointAt(sail, 1, 5).x, 0, 1e-9);
+  EXPECT_NEAR(PointAt(sail, 1, 5).y, 150, 1e-9);
+}
+
 TEST(VerticalCut, RunsLineZeroDownTheRoundedLeech) {
   Sail sail;
   sail.Definition.CutType = kVerticalCut;
@@ -328,6 +368,27 @@ TEST(VerticalCut, RunsItsLastLineDownTheLuffToTheTack) {
   EXPECT_EQ(CodeOf(sail, d.PanelCount), CodeOf(sail, d.PanelCount - 1));
   EXPECT_EQ(CodeOf(sail, d.PanelCount), 1);
   EXPECT_EQ(PointAt(sail, d.PanelCount, 5), PointAt(sail, d.PanelCount - 1, 5));
+}
+
+TEST(VerticalCut, CodesItsLastLineAsItsLastSeam) {
+  for (const EdgeCode last : {EdgeCode::Gaff, EdgeCode::Luff}) {
+    Sail sail = PlainSail(kVerticalCut);
+    const SailDefinition& d = sail.Definition;
+    const PlanePoint clew{d.ClewPoint.x, d.ClewPoint.y};
+    const PlanePoint leech = PlanePoint{d.PeakPoint.x, d.PeakPoint.y} - clew;
+    const PlanePoint throat{0, d.LuffLength};
+    const double through = Cross(leech, throat - clew) / Cross(leech, (-1 / d.FootLength) * clew);
+    // Two seams: both before the one that would run through the throat, or on either side of it.
+    Allowances allowances{};
+    allowances[0] = 890 - (through - 300);
+    allowances[1] = 890 - (last == EdgeCode::Gaff ? 200 : 400);
+    allowances[2] = -20000;
+    LayOut(sail, allowances);
+    ASSERT_EQ(d.PanelCount, 3);
+    EXPECT_EQ(CodeOf(sail, 1), 2);
+    EXPECT_EQ(CodeOf(sail, 2), last == EdgeCode::Gaff ? 2 : 1);
+    EXPECT_EQ(CodeOf(sail, 3), CodeOf(sail, 2));
+  }
 }
 
 TEST(VerticalCut, EndsItsSeamsOnTheRoundedFoot) {
