@@ -183,6 +183,24 @@ TEST(FindAftEnd, MeasuresAlongTheLeechOfASailWhoseFootRises) {
   EXPECT_NEAR(FindAftEnd(frame, x, y).Along, part * sail.LeechLength, 1e-4);
 }
 
+TEST(SectionEnds, LieOnTheSectionOfASailWhoseFootRises) {
+  SailDefinition sail;
+  sail.DiagonalLength = 5000;
+  sail.LeechRound = 200;
+  ComputeOutline(sail);
+  const double slope = std::tan(sail.FootAngle);
+  const SurfaceFrame frame(sail);
+  // Halfway between the sections through the throat and through the peak.
+  const double c = (sail.LuffLength + sail.PeakPoint.y - slope * sail.PeakPoint.x) / 2;
+  ASSERT_GT(c, sail.LuffLength);
+  const SectionEnd forward = FindForwardEnd(frame, 900, c + slope * 900);
+  EXPECT_EQ(forward.Edge, EdgeCode::Gaff);
+  EXPECT_NEAR(forward.y, c + slope * forward.x, 1e-9);
+  const SectionEnd aft = FindAftEnd(frame, 900, c + slope * 900);
+  EXPECT_NEAR(aft.y, c + slope * aft.x, 1e-9);
+  EXPECT_GT(aft.x, forward.x);
+}
+
 TEST(FindAftEnd, EndsOnTheFootBelowTheClew) {
   SailDefinition sail = SquareSail();
   sail.FootRound = 200;

@@ -58,6 +58,18 @@ TEST(Val, StopsAtWhatDoesNotFit) {
   EXPECT_EQ(Val("+-5"), 0);
 }
 
+TEST(Val, LooksNoFurtherThanTheTextGiven) {
+  const std::string_view longer = "12.34e-56";
+  EXPECT_EQ(Val(longer.substr(0, 1)), 1);
+  EXPECT_EQ(Val(longer.substr(0, 2)), 12);
+  EXPECT_EQ(Val(longer.substr(0, 3)), 12);
+  EXPECT_EQ(Val(longer.substr(0, 4)), 12.3);
+  EXPECT_EQ(Val(longer.substr(0, 5)), 12.34);
+  EXPECT_EQ(Val(longer.substr(0, 6)), 12.34);
+  EXPECT_EQ(Val(longer.substr(0, 7)), 12.34);
+  EXPECT_EQ(Val(longer.substr(0, 8)), 12.34e-5);
+}
+
 TEST(Val, TakesASignAPointAndAnExponent) {
   EXPECT_EQ(Val("+7"), 7);
   EXPECT_EQ(Val("-7"), -7);

@@ -55,6 +55,16 @@ TEST(ReadOldSailData, Takes26LinesBefore) {
   EXPECT_EQ(sail, expected);
 }
 
+TEST(ReadOldSailData, TakesTheYearFromTheLastFourCharacters) {
+  for (const char* header : {"2000", "10/05/1999", "10-05-2000", "May, 2000  "}) {
+    Lines lines = OldSailLines("2000");
+    lines[0] = header;
+    SailDefinition sail;
+    ReadSailDataTextV4(Joined(lines), sail);
+    EXPECT_EQ(sail, OldSail()) << header;
+  }
+}
+
 TEST(ReadOldSailData, TakesAHeaderWithoutAYearForAnOldOne) {
   for (const char* header : {"", "   ", "98", "no year"}) {
     Lines lines = OldSailLines("1998");

@@ -286,6 +286,15 @@ TEST(ReadFileLine, DropsControlCharactersAndReplacesCommas) {
   }
 }
 
+TEST(ReadFileLine, LooksNoFurtherThanTheTextGiven) {
+  const std::string_view longer = "firstly";
+  std::string_view rest = longer.substr(0, 5);
+  const FileLine line = ReadFileLine(rest);
+  EXPECT_EQ(line.Text, "first");
+  EXPECT_TRUE(line.EndOfFile);
+  EXPECT_EQ(rest, "");
+}
+
 TEST(ReadFileLine, CutsALineOffAt4096Characters) {
   std::string text = std::string(5000, 'x') + "\nnext";
   std::string_view rest = text;

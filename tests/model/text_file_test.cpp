@@ -234,7 +234,8 @@ TEST_P(BothWriters, KeepTheOwnerOfAnOldFile) {
   if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give a file away";
   const std::string path = folder.Path("a.txt");
   PutBytes(path, "old");
-  for (const auto& [owner, group] : {std::pair(1234U, 2345U), std::pair(0U, 2345U)}) {
+  for (const auto& [owner, group] :
+       {std::pair(1234U, 2345U), std::pair(0U, 2345U), std::pair(1234U, 0U)}) {
     ASSERT_EQ(chown(path.c_str(), owner, group), 0);
     Write(path, "new");
     struct stat status {};
