@@ -79,6 +79,7 @@ TEST(DirectionAngle, UsesItsTwelveDigitTurns) {
   EXPECT_EQ(DirectionAngle(0, 0, -1, 1), std::atan(-1.0) + 3.14159265359);
   EXPECT_EQ(DirectionAngle(0, 0, -1, -1), std::atan(1.0) + 3.14159265359);
   EXPECT_EQ(DirectionAngle(0, 0, 1, -1), std::atan(-1.0) + 6.28318530718);
+  EXPECT_EQ(DirectionAngle(7, 9, 10, 13), std::atan(4.0 / 3));
 }
 
 TEST(RotatePoint, TurnsCounterClockwiseAboutItsCentre) {
@@ -115,6 +116,16 @@ TEST(RotatePoint, LeavesTheCentreAndTurnsThePointsAboveAndBelowIt) {
   RotatePoint(0, 0, x, y, 0.5);
   EXPECT_NEAR(x, 2 * std::sin(0.5), 1e-12);
   EXPECT_NEAR(y, -2 * std::cos(0.5), 1e-12);
+}
+
+TEST(RotatePoint, TurnsAPointLessThanAMillimetreBesideItsCentre) {
+  for (const double way : {1.0, -1.0}) {
+    double x = way * 0.5;
+    double y = 0.25;
+    RotatePoint(0, 0, x, y, kFullPi / 2);
+    EXPECT_NEAR(x, -0.25, 1e-14) << way;
+    EXPECT_NEAR(y, way * 0.5, 1e-14) << way;
+  }
 }
 
 TEST(RotatePoint, TurnsAPointLessThanAMillimetreAboveItsCentre) {

@@ -66,6 +66,18 @@ TEST(CodePage, KnowsTheFirstAndLastCharacterOfEachLength) {
     EXPECT_FALSE(IsSoundUtf8(broken)) << broken;
 }
 
+TEST(CodePage, FindsAnAccentWhereverItStands) {
+  for (std::size_t at = 0; at < 100; ++at) {
+    std::string bytes(100, 'a');
+    bytes[at] = '\xE9';
+    std::string utf8(100, 'a');
+    utf8.replace(at, 1, "é");
+    EXPECT_EQ(ToCodePage1252(utf8), bytes) << at;
+    EXPECT_EQ(FromCodePage1252(bytes), utf8) << at;
+    EXPECT_FALSE(IsPlainText(utf8)) << at;
+  }
+}
+
 TEST(CodePage, LooksNoFurtherThanTheTextGiven) {
   const std::string_view euro = "\xE2\x82\xAC";
   EXPECT_FALSE(IsSoundUtf8(euro.substr(0, 2)));

@@ -117,6 +117,14 @@ TEST(DevelopPanels, KeepsTheEdgesOfAStripWhoseLowerSeamIsAPoint) {
   EXPECT_LT(WorstEdgeError(sail, 0), 1e-9);
 }
 
+TEST(DevelopPanels, KeepsTheEdgesOfAStripWhoseSeamsHaveNoLength) {
+  const Sail sail = OneStrip([](double u, double v) {
+    const double bow = (u == 0 ? -120 : u == 1 ? 120 : 0) * v * (1 - v);
+    return Corner{bow, bow * v, 0};
+  });
+  EXPECT_LT(WorstEdgeError(sail, 0), 1e-9);
+}
+
 TEST(DevelopPanels, SurvivesAStripWithoutSize) {
   const Sail sail = OneStrip([](double, double) { return Corner{5, 6, 7}; });
   EXPECT_EQ(DevelopedWidth(sail.Panels, 0), 0);
