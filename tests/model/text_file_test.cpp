@@ -291,6 +291,25 @@ TEST(WritePlainFile, TellsAFullDisk) {
   EXPECT_EQ(BytesOf(folder.Path("a")), std::string(100, 'x'));
 }
 
+TEST(WritePlainFile, AsksAgainForALockThatAnotherProgramHolds) {
+  const TemporaryFolder folder;
+  for (const int error : {EACCES, EAGAIN, EINTR}) {
+    const SystemFault fault(SystemCall::Control, error, 0, 2);
+    WritePlainFile(folder.Path("a.txt"), "x");
+    EXPECT_EQ(fault.Struck(), 2) << error;
+  }
+}
+
+TEST(WritePlainFile, WritesAtOnceWhereTheFileSystemHasNoLocks) {
+  const TemporaryFolder folder;
+  for (const int error : {ENOLCK, EINVAL, EOPNOTSUPP}) {
+    const SystemFault fault(SystemCall::Control, error, 0, 1000);
+    WritePlainFile(folder.Path("a.txt"), "x");
+    EXPECT_EQ(fault.Struck(), 1) << error;
+  }
+  EXPECT_EQ(BytesOf(folder.Path("a.txt")), "x");
+}
+
 TEST(WritePlainFile, WritesToADevice) { EXPECT_NO_THROW(WritePlainFile("/dev/null", "x")); }
 
 // --- Safe writing ------------------------------------------------------------------------------
