@@ -300,6 +300,12 @@ TEST(WritePlainFile, AsksAgainForALockThatAnotherProgramHolds) {
   }
 }
 
+TEST(WritePlainFile, GivesUpOnALockThatIsNeverFree) {
+  const TemporaryFolder folder;
+  const SystemFault fault(SystemCall::Control, EAGAIN, 0, 1000);
+  ExpectFault([&] { WritePlainFile(folder.Path("a.txt"), "x"); }, Other, FileStep::Opening);
+}
+
 TEST(WritePlainFile, WritesAtOnceWhereTheFileSystemHasNoLocks) {
   const TemporaryFolder folder;
   for (const int error : {ENOLCK, EINVAL, EOPNOTSUPP}) {
