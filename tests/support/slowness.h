@@ -1,15 +1,19 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace brivane {
 
-/// How many times longer than in an ordinary build a computation takes here. The sanitizers know;
-/// a program run under valgrind cannot tell, and is told by BRIVANE_SLOWNESS.
+/// What the sanitizers make of every computation.
+constexpr int kSanitizedSlowness = 10;
+
+/// How many times longer than in an ordinary build a computation takes here, 1 at least. The
+/// sanitizers are known; a run under valgrind, or with counters, is told by BRIVANE_SLOWNESS.
 inline int Slowness() {
-  if (const char* told = std::getenv("BRIVANE_SLOWNESS")) return std::atoi(told);
+  if (const char* told = std::getenv("BRIVANE_SLOWNESS")) return std::max(std::atoi(told), 1);
 #if defined(__SANITIZE_ADDRESS__)
-  return 10;
+  return kSanitizedSlowness;
 #else
   return 1;
 #endif

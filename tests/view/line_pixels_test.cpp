@@ -146,8 +146,7 @@ TEST(LinePixels, NothingIsPutWhereThereIsNoLine) {
   EXPECT_EQ(paper.DarkOfAll(), 0);
 }
 
-// --- Any line
-// --------------------------------------------------------------------------------------
+// --- Any line ----------------------------------------------------------------------------------
 
 class AnyLine : public testing::Test {
  protected:
